@@ -1,0 +1,17 @@
+# The installable package: the program, its desktop entry and icon, and the rule that opens the HID channel to the user.
+include(GNUInstallDirs)
+install(TARGETS quillon RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES packaging/quillon.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES resources/icons/app.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME quillon.svg)
+install(FILES packaging/60-r47.rules DESTINATION lib/udev/rules.d)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quillon)
+set(CPACK_PACKAGE_VENDOR Quillon)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Control application of the R47 audio interface")
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Quillon developers <quillon@example.org>")
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6) # a plugin at run time: no linker sees it
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+include(CPack)
