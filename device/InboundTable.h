@@ -1,0 +1,40 @@
+#pragma once
+// What the device reports, as data: one row per code that carries a parameter or a level of a console object.
+
+#include <QString>
+#include <QVariant>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace quillon
+{
+
+/// How the value of a report is read. The result type is what the console's setters take.
+enum class InboundForm : std::uint8_t {
+    Level,      // int: tenths of a dB, 1 for clip
+    Plain,      // float: the number itself
+    Aux,        // float: deviceToGainAux
+    Line,       // float: deviceToGainLine
+    Flag,       // bool: not zero
+    Absent,     // bool: true when the value is zero (a plug that is missing)
+    MicType,    // QString: 1 "Mic1", 2 "Mic35", 3 "MicHP", else "Mic1"
+    NoiseType,  // QString: 0 "Bypass", 15 "NC1", 30 "NC2", 45 "NC3", else "Bypass"
+    ReverbType, // QString: 1 "Bypass", 2 "STUDIO", 3 "LIVE", 4 "HALL", else "Bypass"
+};
+
+struct InboundRow {
+    std::uint16_t code;
+    std::u16string_view object;    // "Input_IN1"
+    std::u16string_view attribute; // "Meter", "MeterLeft", "MeterRight", "MIC", "48V", "GAIN", "MUTE", "Plug", ...
+    InboundForm form;
+};
+
+/// All rows, ascending by code.
+std::span<const InboundRow> inboundRows();
+/// Position of a code in inboundRows(), -1 for a code that no console object takes. Constant time.
+int inboundIndex(std::uint16_t code);
+/// The value of a report in the form of its row.
+QVariant inboundValue(InboundForm form, std::int32_t value);
+
+} // namespace quillon

@@ -1,0 +1,143 @@
+#include "device/Sender.h"
+
+#include "device/ExitFrame.h"
+#include "device/USBHIDAPI.h"
+
+#include <QElapsedTimer>
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+
+constexpr unsigned long kPollMs = 50;
+// A device that works takes a report within a few milliseconds; the kernel gives up on one that doesn't after five seconds.
+constexpr qint64 kStallMs = 1200;
+constexpr qint64 kDrainMs = 5000;
+
+} // namespace
+
+Sender::Sender(QObject* parent) : QThread(parent), mExit(ExitFrame.toUtf8()) {}
+
+Sender::~Sender()
+{
+    requestStop();
+    wait();
+    mEnded.load();
+}
+
+void Sender::begin()
+{
+    if (isRunning()) {
+        return;
+    }
+    {
+        const std::lock_guard lock(mMutex);
+        const qsizetype exit = mQueue.lastIndexOf(mExit);
+        if (exit >= 0) {
+            mQueue.remove(0, exit + 1);
+        } else if (mFailed) {
+            mQueue.clear();
+        }
+        mFailed = false;
+    }
+    mEnded.store(false);
+    start(InheritPriority);
+}
+
+void Sender::enqueue(QByteArray bytes)
+{
+    {
+        const std::lock_guard lock(mMutex);
+        mQueue.append(std::move(bytes));
+    }
+    // After the lock: a writer that wakes while it is held goes back to sleep for it, twice the way from a control to the device.
+    mCondition.notify_one();
+}
+
+void Sender::requestStop()
+{
+    if (isRunning()) {
+        enqueue(mExit);
+    }
+}
+
+bool Sender::waitStopped()
+{
+    QElapsedTimer total;
+    QElapsedTimer sinceProgress;
+    total.start();
+    sinceProgress.start();
+    quint64 written = mWritten.load();
+    while (!wait(kPollMs)) {
+        if (const quint64 now = mWritten.load(); now != written) {
+            written = now;
+            sinceProgress.restart();
+        }
+        if (sinceProgress.elapsed() > kStallMs || total.elapsed() > kDrainMs) {
+            return false;
+        }
+    }
+    return mEnded.load();
+}
+
+void Sender::leaveBehind(Sender* sender)
+{
+    sender->mAbandoned.store(true);
+    connect(sender, &QThread::finished, sender, &QObject::deleteLater);
+    if (sender->isFinished()) {
+        sender->deleteLater();
+    }
+}
+
+void Sender::run()
+{
+    {
+        QList<QByteArray> batch; // changes places with the queue, so that both keep their memory
+        do {
+            batch.clear();
+            takeAll(batch);
+        } while (writeAll(batch));
+    }
+    mEnded.store(true);
+}
+
+/// Waits for reports and takes all there are: one lock for a burst.
+void Sender::takeAll(QList<QByteArray>& batch)
+{
+    std::unique_lock lock(mMutex);
+    mCondition.wait(lock, [this] { return !mQueue.isEmpty(); });
+    batch.swap(mQueue);
+}
+
+/// False when the thread is to end. What stood behind the end goes back to the queue.
+bool Sender::writeAll(QList<QByteArray>& batch)
+{
+    USBHIDAPI& hid = USBHIDAPI::instance();
+    for (qsizetype i = 0; i < batch.size(); ++i) {
+        const QByteArray& bytes = std::as_const(batch)[i];
+        if (bytes == mExit || mAbandoned.load()) {
+            putBack(batch, i + 1);
+            return false;
+        }
+        if (hid.write(reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<int>(bytes.size())) < 0) {
+            {
+                const std::lock_guard lock(mMutex);
+                mFailed = true;
+            }
+            putBack(batch, i + 1);
+            emit sendFailed();
+            return false;
+        }
+        mWritten.fetch_add(1);
+    }
+    return true;
+}
+
+void Sender::putBack(QList<QByteArray>& batch, qsizetype from)
+{
+    const std::lock_guard lock(mMutex);
+    batch.remove(0, from);
+    batch.append(std::move(mQueue));
+    mQueue = std::move(batch);
+}
