@@ -1,0 +1,120 @@
+// Pictures of the connection pages and the console, in both languages and three scales, as they stand: shots FOLDER.
+// Everything is the program's own; the levels and front-panel changes are frames, as a device would send them.
+
+#include "app/AppSettingsSubject.h"
+#include "app/GlobalFont.h"
+#include "app/LogHandler.h"
+#include "connect/DeviceConnector.h"
+#include "connect/DeviceConnectorViewBase.h"
+#include "console/MainWindow_R47.h"
+#include "device/USBAudioAPI.h"
+#include "resources/Resources.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+struct Shooter {
+    QDir folder;
+    QString language;
+    double scale;
+    int failures = 0;
+
+    void take(QWidget& window, const QString& name)
+    {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+        const QString file = u"%1-%2-%3.png"_s.arg(name, language == u"Chinese"_s ? u"zh"_s : u"en"_s).arg(scale, 0, 'f', 1);
+        if (!window.grab().save(folder.filePath(file))) {
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+            ++failures;
+        }
+    }
+};
+
+void shootConnection(Shooter& shooter)
+{
+    DeviceConnector connector;
+    connector.showSeries(u"Vantor"_s, {{u"R47"_s, {u"0x152A"_s, u"0x875C"_s}}});
+    auto* view = connector.findChild<DeviceConnectorViewBase*>();
+    for (int page = 0; page < quillon::ConnectPageCount; ++page) {
+        view->setPage(page);
+        if (page == quillon::PageUpdateOffered) {
+            view->setVersions(u"1.2.0"_s, u"1.3.1"_s);
+        } else if (page == quillon::PageProgress) {
+            view->setProgressText(shooter.language == u"Chinese"_s ? u"下载中  42%"_s : u"Downloading  42%"_s);
+            view->setProgressValue(42);
+            view->setProgressMessage(u"13.4 MB / 32.0 MB  ( 2.1 MB/s )"_s);
+        }
+        shooter.take(connector, u"connect-%1"_s.arg(page, 2, 10, QLatin1Char('0')));
+    }
+}
+
+void report(MainWindow_R47& window, std::int32_t code, std::int32_t value)
+{
+    window.in_mDevice_newFrameReceived({.code = code, .value = value});
+}
+
+void shootConsole(Shooter& shooter)
+{
+    MainWindow_R47 window;
+    window.finishAuth(2);
+    shooter.take(window, u"live-fresh"_s);
+
+    constexpr std::pair<std::int32_t, std::int32_t> kPerformance[]{
+        {0x1201, 203}, {0x2101, 1},   {0x2101, -84},  {0x2201, -312}, {0x2301, -61}, {0x2401, -143},
+        {0x2501, 0},   {0x2601, -25}, {0x2701, -404}, {0x2801, -377}, {0x2102, 2},   {0x2103, 1},
+        {0x2104, 42},  {0x2205, 1},   {0x2304, 85},   {0x2504, 80},   {0x2704, 0},   {0x2706, 0},
+    };
+    for (const auto& [code, value] : kPerformance) {
+        report(window, code, value);
+    }
+    window.in_USBAudio_attributeChanged(u"SampleRate"_s, u"48000"_s);
+    window.in_USBAudio_attributeChanged(u"BufferSize"_s, u"256"_s);
+    shooter.take(window, u"live-playing"_s);
+    window.resize(static_cast<int>(1500 * shooter.scale), window.height());
+    shooter.take(window, u"live-wide"_s);
+
+    window.setPage(quillon::PageFcty);
+    shooter.take(window, u"recovery"_s);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: quillon-shots FOLDER\n");
+        return 2;
+    }
+    QApplication application(argc, argv);
+    quillon::installLogHandler();
+    quillon::initResources();
+    GlobalFont::instance().load(quillon::applicationFontPaths());
+    const QDir folder(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
+    const QTemporaryDir work;
+    QDir::setCurrent(work.path());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, work.path());
+
+    int failures = 0;
+    for (const QString& language : {u"English"_s, u"Chinese"_s}) {
+        for (const double scale : {1.0, 1.5, 2.0}) {
+            QSettings().clear();
+            AppSettingsSubject::instance().init();
+            QSettings().setValue("Language", language);
+            QSettings().setValue("ScaleFactor", scale);
+            Shooter shooter{folder, language, scale};
+            shootConnection(shooter);
+            shootConsole(shooter);
+            failures += shooter.failures;
+        }
+    }
+    return failures == 0 ? 0 : 1;
+}
