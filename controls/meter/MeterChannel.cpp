@@ -1,0 +1,60 @@
+#include "controls/meter/MeterChannel.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillon
+{
+
+std::optional<MeterReading> decodeMeter(int tenthsOfDb, int floorDb)
+{
+    constexpr int kClipCode = 1;
+    if (tenthsOfDb > kClipCode)
+        return std::nullopt;
+    if (tenthsOfDb == kClipCode)
+        return MeterReading{0, true};
+    const int tenths = std::max(tenthsOfDb, floorDb * 10);
+    return MeterReading{(tenths - 9) / 10, false}; // rounds down: tenths is never positive
+}
+
+MeterChannel::Result MeterChannel::feed(MeterReading reading, bool holding)
+{
+    Result result;
+    if (reading.clipped) {
+        result.startClip = true;
+        if (!std::exchange(mClip, true))
+            result.changed |= Clip;
+    }
+    const int level = reading.db < mLevel ? std::max(mLevel - kFallDb, mFloor) : reading.db;
+    if (std::exchange(mLevel, level) != level)
+        result.changed |= Level;
+
+    int hold = mHold;
+    if (mLevel > mHold) {
+        hold = mLevel;
+        result.startHold = true;
+    } else if (!holding && mHoldFollows) {
+        hold = mLevel;
+    }
+    if (std::exchange(mHold, hold) != hold)
+        result.changed |= Hold;
+    return result;
+}
+
+unsigned MeterChannel::endHold()
+{
+    return std::exchange(mHold, mLevel) != mLevel ? Hold : Nothing;
+}
+
+unsigned MeterChannel::endClip()
+{
+    return std::exchange(mClip, false) ? Clip : Nothing;
+}
+
+unsigned MeterChannel::decay()
+{
+    const int level = std::max(mLevel - kFallDb, mFloor);
+    return std::exchange(mLevel, level) != level ? Level : Nothing;
+}
+
+} // namespace quillon

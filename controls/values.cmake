@@ -1,0 +1,23 @@
+# Meters, dials, the balance slider, and what they tell assistive technology.
+target_sources(quillon_controls PRIVATE
+    Accessibility.cpp Accessibility.h
+    DialS1M5.cpp DialS1M5.h
+    DialS1M6.cpp DialS1M6.h
+    FocusMark.cpp FocusMark.h
+    HSliderS1M1.cpp HSliderS1M1.h
+    ValueControl.h
+    ValueEditor.cpp ValueEditor.h
+    VolumeMeterS1M1.cpp VolumeMeterS1M1.h
+    VolumeMeterS1M2.cpp VolumeMeterS1M2.h
+    WheelGuard.cpp WheelGuard.h
+    WheelSteps.h
+    dial/DialCore.cpp dial/DialCore.h
+    dial/DialLaw.cpp dial/DialLaw.h
+    dial/DialPaint.cpp dial/DialPaint.h
+    dial/Ladder.cpp dial/Ladder.h
+    meter/MeterChannel.cpp meter/MeterChannel.h
+    meter/MeterPaint.cpp meter/MeterPaint.h
+    meter/MeterShape.cpp meter/MeterShape.h
+    meter/MeterSkin.cpp meter/MeterSkin.h
+    meter/MeterView.cpp meter/MeterView.h
+    slider/Balance.cpp slider/Balance.h)
