@@ -1,0 +1,234 @@
+#include "strips/StripHead.h"
+
+#include "app/GlobalFont.h"
+#include "strips/StripLayout.h"
+
+#include <QCursor>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon
+{
+
+namespace
+{
+
+constexpr int kHoverMs = 100;
+constexpr int kNameMargin = 6; // pixels of the minimum width that a name leaves free
+
+template<class Child> Child* makeChild(QWidget* strip, const QString& name)
+{
+    auto* child = new Child(strip);
+    child->setObjectName(name);
+    return child;
+}
+
+} // namespace
+
+StripHead::StripHead(QWidget* strip)
+    : mStrip(strip), mFrame(makeChild<QFrame>(strip, u"frame"_s)), mLineEdit(makeChild<QLineEdit>(strip, u"lineEdit"_s)),
+      mClose(makeChild<QPushButton>(strip, u"pushButtonClose"_s)), mOverlay(makeChild<QWidget>(strip, u"widgetOverlay"_s))
+{
+    mTimer.setSingleShot(true);
+    mTimer.setInterval(kHoverMs);
+    mLineEdit->setAlignment(Qt::AlignCenter);
+    mLineEdit->setMaxLength(kMaximumName);
+    mLineEdit->setContextMenuPolicy(Qt::NoContextMenu);
+    mLineEdit->setAttribute(Qt::WA_Hover);
+    mClose->setAttribute(Qt::WA_Hover);
+    mClose->setFlat(true);
+    mClose->setIcon(QIcon(u":/Icon/StripClose.svg"_s)); // read when first shown
+    mClose->hide();
+    mOverlay->setAttribute(Qt::WA_StyledBackground);
+    mOverlay->setAttribute(Qt::WA_TransparentForMouseEvents);
+    mOverlay->hide();
+    for (QObject* watched : {static_cast<QObject*>(mLineEdit), static_cast<QObject*>(mClose), static_cast<QObject*>(strip)}) {
+        watched->installEventFilter(this);
+    }
+    connect(&mTimer, &QTimer::timeout, this, &StripHead::in_mTimer_timeout);
+    connect(mLineEdit, &QLineEdit::textChanged, this, &StripHead::on_lineEdit_textChanged);
+    connect(mLineEdit, &QLineEdit::editingFinished, this, &StripHead::on_lineEdit_editingFinished);
+    connect(mClose, &QPushButton::clicked, this, &StripHead::on_pushButtonClose_clicked);
+}
+
+void StripHead::setChannelName(const QString& name)
+{
+    mChannelName = name;
+    showName(name);
+}
+
+void StripHead::showName(const QString& name)
+{
+    const QString text = name.isEmpty() ? mChannelName : name.left(kMaximumName);
+    if (text == mShownName && text == mLineEdit->text()) {
+        return; // most loads bring the name that is there; setting it would lay the text out anew
+    }
+    mLineEdit->setText(text);
+    mLineEdit->setCursorPosition(0);
+    mShownName = mLineEdit->text();
+}
+
+QString StripHead::name() const
+{
+    return mLineEdit->text();
+}
+
+void StripHead::setNameEditable(bool editable)
+{
+    mLineEdit->setEnabled(editable);
+}
+
+void StripHead::setCloseArmed(bool armed)
+{
+    mCloseArmed = armed;
+    if (!armed) {
+        hideClose();
+    }
+}
+
+void StripHead::setOverlayVisible(bool visible)
+{
+    mOverlay->raise();
+    mOverlay->setVisible(visible);
+}
+
+void StripHead::setFont(const QFont& font)
+{
+    mFont = font;
+    layout();
+}
+
+void StripHead::setTexts(const QString& nameField, const QString& closeButton)
+{
+    mLineEdit->setAccessibleName(nameField);
+    mClose->setAccessibleName(closeButton);
+    mClose->setToolTip(closeButton);
+}
+
+void StripHead::layout()
+{
+    const QSize size = mStrip->size();
+    const int title = titleHeight(size);
+    const int side = static_cast<int>(static_cast<float>(title) / 100.0F * 50.0F);
+    const QRect row(0, 0, size.width(), title);
+    mFrame->setGeometry(QRect(QPoint(), size));
+    mLineEdit->setGeometry(row);
+    mOverlay->setGeometry(row);
+    mClose->setGeometry(static_cast<int>(static_cast<float>(size.width()) - static_cast<float>(side) * 1.3F), (title - side) / 2,
+                        side, side);
+    mClose->setIconSize({side, side});
+    QFont font = mFont;
+    font.setPointSize(namePointSize(GlobalFont::instance().pointSizeForHeight(mFont, title)));
+    mLineEdit->setFont(font);
+    restyle(static_cast<int>(static_cast<float>(size.width()) * 0.04F));
+}
+
+void StripHead::restyle(int radius)
+{
+    if (radius == mRadius) {
+        return; // a style sheet costs more than the rest of a resize
+    }
+    mRadius = radius;
+    mFrame->setStyleSheet(u"QFrame {   background-color: #161616;   border-radius: %1px;}"_s.arg(radius));
+    mOverlay->setStyleSheet(u"QWidget {   background-color: rgba(31, 31, 31, 153);   border-radius: %1px;}"_s.arg(radius));
+    mLineEdit->setStyleSheet(
+        u"QLineEdit {   color: rgb(222, 222, 222);   background-color: rgb(46, 46, 46);   border: 1px solid transparent;"
+        "   padding: 0px;   border-radius: %1px;}"
+        "QLineEdit:focus {   border: 1px solid rgb(67, 207, 124);}"_s.arg(radius));
+}
+
+bool StripHead::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == mLineEdit && event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        mLineEdit->setText(mShownName);
+        mLineEdit->clearFocus();
+        return true;
+    }
+    if (!mCloseArmed) {
+        return QObject::eventFilter(watched, event);
+    }
+    if (watched == mStrip) {
+        if (event->type() == QEvent::Move) {
+            QTimer::singleShot(0, this, [this] {
+                if (mCloseArmed && mLineEdit->rect().contains(mLineEdit->mapFromGlobal(QCursor::pos()))) {
+                    mTimer.start();
+                }
+            });
+        }
+        return QObject::eventFilter(watched, event);
+    }
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
+        filterHover(event->type() == QEvent::HoverEnter);
+        return event->type() == QEvent::HoverEnter;
+    }
+    if (watched == mLineEdit && event->type() == QEvent::MouseButtonPress && mLineEdit->isEnabled()) {
+        hideClose();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void StripHead::filterHover(bool entered)
+{
+    if (entered) {
+        if (mClose->isHidden()) {
+            mTimer.start();
+        }
+        return;
+    }
+    // The pointer may be on its way from the one to the other.
+    QTimer::singleShot(0, this, [this] {
+        if (!mLineEdit->underMouse() && !mClose->underMouse()) {
+            hideClose();
+        }
+    });
+}
+
+void StripHead::hideClose()
+{
+    mTimer.stop();
+    mClose->hide();
+}
+
+void StripHead::on_lineEdit_textChanged(const QString& arg1)
+{
+    QFont font = mFont;
+    font.setPointSize(5);
+    if (QFontMetrics(font).horizontalAdvance(arg1) > mStrip->minimumWidth() - kNameMargin) {
+        mLineEdit->setText(arg1.chopped(1));
+    }
+}
+
+void StripHead::on_lineEdit_editingFinished()
+{
+    if (mFinishing) {
+        return; // giving the focus away ends the edit once more
+    }
+    mFinishing = true;
+    if (mLineEdit->text().isEmpty()) {
+        mLineEdit->setText(mChannelName);
+    }
+    mLineEdit->clearFocus();
+    mShownName = mLineEdit->text();
+    mFinishing = false;
+    emit nameEdited();
+}
+
+void StripHead::on_pushButtonClose_clicked()
+{
+    emit closeClicked();
+    mClose->hide();
+}
+
+void StripHead::in_mTimer_timeout()
+{
+    mClose->raise();
+    mClose->show();
+}
+
+} // namespace quillon

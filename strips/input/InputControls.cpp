@@ -1,0 +1,170 @@
+// The controls of an input strip: what happens when they are moved, by the user and by the device.
+
+#include "strips/input/InputBase.h"
+
+using namespace Qt::StringLiterals;
+
+void InputBase::in_widgetDial_valueChanged(float value)
+{
+    mEngine.changed(mGainRow, value);
+    if (mUnmuteOnGain && getMute()) {
+        setMute(false);
+    }
+}
+
+void InputBase::in_widgetHSlider_valueChanged(float value)
+{
+    mEngine.changed(mBalanceRow);
+    emitAttribute(u"Balance"_s, toText(quillon::ValueForm::Decimal, value));
+}
+
+void InputBase::groupChanged(const QString& button, const QString& state)
+{
+    if (button == "SOLO"_L1) {
+        mEngine.changed(mSoloRow);
+    } else if (button == "MUTE"_L1) {
+        mEngine.changed(mMuteRow);
+    } else if (button == "48V"_L1) {
+        mEngine.changed(m48VRow);
+    } else if (button == "EQ"_L1 || button == "DUCKING"_L1) {
+        showWindow(button, state);
+    } else if (button == "AUTO"_L1) {
+        if (state == "1"_L1) {
+            runAutoGain();
+        }
+    } else if (mMicRow >= 0) {
+        mEngine.changed(mMicRow);
+    }
+}
+
+void InputBase::showWindow(const QString& attribute, const QString& state)
+{
+    if (state == "RightButtonSingle"_L1 || state == "LeftButtonDouble"_L1) {
+        emitAttribute(attribute, u"Show"_s);
+    } else if (state == "1"_L1) {
+        emitAttribute(attribute, u"On"_s);
+    } else if (state == "0"_L1) {
+        emitAttribute(attribute, u"Off"_s);
+    }
+}
+
+void InputBase::runAutoGain()
+{
+    if (mAutoGain->run(mHead.name())) {
+        mSwitches.set(u"AUTO"_s, false, false);
+    }
+}
+
+void InputBase::in_widgetBase_soloStateChanged(const QString& objectName, bool state)
+{
+    emit attributeChanged(objectName, u"Solo"_s, state ? u"1"_s : u"0"_s);
+}
+
+void InputBase::setMIC(const QString& input)
+{
+    if (mMicRow >= 0) {
+        mEngine.take(mMicRow, input);
+    }
+}
+
+void InputBase::set48V(bool on)
+{
+    if (m48VRow >= 0) {
+        mEngine.take(m48VRow, on);
+    }
+}
+
+void InputBase::setGAIN(float gainDb)
+{
+    mEngine.take(mGainRow, gainDb);
+}
+
+void InputBase::setMUTE(bool on)
+{
+    mEngine.take(mMuteRow, on);
+}
+
+void InputBase::setEQ(bool on)
+{
+    if (mSwitches) {
+        mSwitches.set(u"EQ"_s, on, false);
+    }
+}
+
+void InputBase::setDUCKING(bool on)
+{
+    if (mSwitches) {
+        mSwitches.set(u"DUCKING"_s, on, false);
+    }
+}
+
+void InputBase::setVolumeMeter(int tenthsOfDb)
+{
+    if (mMeter.feed) {
+        mMeter.feed(tenthsOfDb);
+    }
+    if (mAutoGain) {
+        mAutoGain->setLevel(tenthsOfDb);
+    }
+}
+
+void InputBase::setVolumeMeterLeft(int tenthsOfDb)
+{
+    if (mMeter.feedLeft) {
+        mMeter.feedLeft(tenthsOfDb);
+    }
+}
+
+void InputBase::setVolumeMeterRight(int tenthsOfDb)
+{
+    if (mMeter.feedRight) {
+        mMeter.feedRight(tenthsOfDb);
+    }
+}
+
+quillon::DeviceSetter InputBase::deviceSetter(QStringView attribute)
+{
+    if (attribute == u"Plug") {
+        return [this](const QVariant& missing) { setOverlayVisible(missing.toBool()); };
+    }
+    if (attribute == u"Meter" && mMeter.feed) {
+        return [this](const QVariant& level) { setVolumeMeter(level.toInt()); };
+    }
+    if (attribute == u"MeterLeft" && mMeter.feedLeft) {
+        return [this](const QVariant& level) { setVolumeMeterLeft(level.toInt()); };
+    }
+    if (attribute == u"MeterRight" && mMeter.feedRight) {
+        return [this](const QVariant& level) { setVolumeMeterRight(level.toInt()); };
+    }
+    return mEngine.deviceSetter(attribute);
+}
+
+void InputBase::loadSolo(bool on)
+{
+    mSoloMute.set(u"SOLO"_s, on, false);
+}
+
+void InputBase::loadMute(bool on)
+{
+    mSoloMute.set(u"MUTE"_s, on, false);
+}
+
+void InputBase::setSolo(bool on)
+{
+    mSoloMute.set(u"SOLO"_s, on, true);
+}
+
+void InputBase::setMute(bool on)
+{
+    mSoloMute.set(u"MUTE"_s, on, true);
+}
+
+bool InputBase::getSolo() const
+{
+    return mSoloMute.isOn(u"SOLO"_s);
+}
+
+bool InputBase::getMute() const
+{
+    return mSoloMute.isOn(u"MUTE"_s);
+}
