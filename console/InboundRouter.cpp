@@ -1,0 +1,84 @@
+#include "console/InboundRouter.h"
+
+#include "device/InboundTable.h"
+
+namespace quillon
+{
+
+namespace
+{
+
+bool concernsAllPages(const InboundRow& row)
+{
+    return row.form == InboundForm::Absent;
+}
+
+QStringView view(std::u16string_view text)
+{
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+bool call(const std::vector<DeviceSetter>& setters, const QVariant& value)
+{
+    for (const DeviceSetter& setter : setters) {
+        setter(value);
+    }
+    return !setters.empty();
+}
+
+} // namespace
+
+InboundRouter::InboundRouter()
+{
+    for (auto& page : mSetters) {
+        page.resize(inboundRows().size());
+    }
+}
+
+void InboundRouter::bind(PageId page, const QString& objectName, StripEndpoint& strip)
+{
+    const auto rows = inboundRows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (view(rows[i].object) == objectName) {
+            add(page, i, strip.deviceSetter(view(rows[i].attribute)));
+        }
+    }
+}
+
+void InboundRouter::bind(PageId page, QStringView objectName, QStringView attribute, const DeviceSetter& setter)
+{
+    const auto rows = inboundRows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (view(rows[i].object) == objectName && view(rows[i].attribute) == attribute) {
+            add(page, i, setter);
+        }
+    }
+}
+
+void InboundRouter::add(PageId page, std::size_t row, const DeviceSetter& setter)
+{
+    if (setter) {
+        mSetters[page][row].push_back(setter);
+    }
+}
+
+bool InboundRouter::route(int page, const Frame& frame) const
+{
+    const int index = inboundIndex(static_cast<std::uint16_t>(frame.code & 0xFFFF));
+    if (index < 0 || page < 0 || page >= PageCount) {
+        return false;
+    }
+    const auto place = static_cast<std::size_t>(index);
+    const InboundRow& row = inboundRows()[place];
+    const QVariant value = inboundValue(row.form, frame.value);
+    if (!concernsAllPages(row)) {
+        return call(mSetters[static_cast<std::size_t>(page)][place], value);
+    }
+    bool taken = false;
+    for (const auto& setters : mSetters) {
+        taken = call(setters[place], value) || taken;
+    }
+    return taken;
+}
+
+} // namespace quillon

@@ -1,0 +1,324 @@
+#include "console/MainWindow_R47.h"
+
+#include "app/AppSettingsSubject.h"
+#include "console/ConsolePage.h"
+#include "console/EasySetup.h"
+#include "console/LiveInputs.h"
+#include "console/PageSize.h"
+#include "console/RecoveryPage.h"
+#include "console/StatusLine.h"
+#include "device/USBAudioAPI.h"
+#include "workspace/WorkspaceChoice.h"
+#include "workspace/WorkspaceSubject.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QSettings>
+#include <QStatusBar>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace
+{
+
+constexpr unsigned kVendorId = 0x152A;
+constexpr unsigned kProductId = 0x875C;
+constexpr double kGapShare = 0.0047;
+constexpr int kSizeRestMs = 200;
+
+float scaleFactor()
+{
+    return QSettings().value("ScaleFactor").toFloat();
+}
+
+} // namespace
+
+MainWindow_R47::MainWindow_R47(QWidget* parent)
+    : MainWindow_Base(parent), mStack(new QStackedWidget(this)), mRecovery(new RecoveryPage), mStatus(new StatusLine(*statusBar()))
+{
+    mDevice.setUsbIdentity(kVendorId, kProductId);
+    setObjectName(u"MainWindow_R47"_s);
+    // A palette, not a style sheet: a sheet on the window would put every control of the console under the style engine.
+    QPalette black = palette();
+    black.setColor(QPalette::Window, Qt::black);
+    setPalette(black);
+    mStack->setObjectName(u"stackedWidget"_s);
+    setCentralWidget(mStack);
+    // Nothing is under the keyboard until the user says so: the first control is a name field, and a stray key would rename a
+    // strip.
+    mStack->setFocusPolicy(Qt::ClickFocus);
+    mStack->setFocus();
+
+    buildPages();
+    connectLinks();
+    modifyLanguage(QSettings().value("Language").toString());
+
+    if (QSettings settings; !settings.contains(kPageIdKey)) {
+        settings.setValue(kPageIdKey, static_cast<int>(PageLive));
+    }
+    connect(&mDevice, &DeviceR47::newFrameReceived, this, &MainWindow_R47::in_mDevice_newFrameReceived, Qt::UniqueConnection);
+    setDevice(&mDevice, u"R47"_s);
+}
+
+MainWindow_R47::~MainWindow_R47()
+{
+    // The strips die with this window; the store must not load into them again.
+    WorkspaceSubject::instance().clearObservers();
+    keepSizes();
+}
+
+void MainWindow_R47::buildPages()
+{
+    mPages.resize(PageCount, nullptr);
+    for (const PageRow& row : pageRows()) {
+        if (row.id == PageFcty) {
+            mStack->addWidget(mRecovery);
+        } else {
+            auto* page = new ConsolePage(row);
+            mStack->addWidget(page);
+            mPages[static_cast<std::size_t>(row.id)] = row.folder ? page : nullptr;
+        }
+    }
+    buildLiveInputs(*mPages[PageLive], mDevice, mRouter);
+}
+
+void MainWindow_R47::connectLinks()
+{
+    connect(mRecovery, &RecoveryPage::onlineRequested, this, &MainWindow_R47::on_PageFctyPushButton1_clicked);
+    connect(mRecovery, &RecoveryPage::manualRequested, this, &MainWindow_R47::on_PageFctyPushButton2_clicked);
+    connect(&WorkspaceSubject::instance(), &WorkspaceSubject::attributeChanged, &mDevice, &DeviceR47::in_Others_attributeChanged,
+            Qt::UniqueConnection);
+    connect(&AppSettingsSubject::instance(), &AppSettingsSubject::attributeChanged, this,
+            [this](const QString&, const QString& attribute, const QString& value) {
+                if (attribute == u"ModifyScaleFactor"_s) {
+                    modifyScaleFactor();
+                } else if (attribute == u"ModifyLanguage"_s) {
+                    modifyLanguage(value);
+                }
+            });
+    for (ConsolePage* page : mPages) {
+        if (page == nullptr) {
+            continue;
+        }
+        for (QSplitter* splitter : page->splitters()) {
+            connect(splitter, &QSplitter::splitterMoved, this, [this] {
+                mSplitterMoved = true;
+                mSizeTimer.start();
+            });
+        }
+    }
+    mSizeTimer.setSingleShot(true);
+    mSizeTimer.setInterval(kSizeRestMs);
+    connect(&mSizeTimer, &QTimer::timeout, this, &MainWindow_R47::keepSizes);
+
+    auto* quit = new QAction(this);
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit, &QAction::triggered, qApp, &QCoreApplication::quit);
+    addAction(quit);
+}
+
+void MainWindow_R47::sendAuth()
+{
+    mDevice.in_fieldSystem_attributeChanged(u"MainWindow"_s, u"Auth"_s, u"1"_s);
+}
+
+void MainWindow_R47::applyWorkMode(int mode)
+{
+    switch (mode) {
+    case -1:
+        setPage(PageFcty);
+        break;
+    case 1:
+        setPage(PageMble);
+        break;
+    case 2:
+        setPage(QSettings().value(kPageIdKey, static_cast<int>(PageLive)).toInt());
+        break;
+    case 3:
+        setPage(PageProf);
+        break;
+    default:
+        break;
+    }
+}
+
+void MainWindow_R47::setPage(int page)
+{
+    const PageRow* row = pageRow(page);
+    if (row == nullptr) {
+        return;
+    }
+    if (mSizeTimer.isActive()) {
+        // The sizes that wait belong to the page that is being left.
+        keepSizes();
+    }
+    mPageID = page;
+    mStack->setCurrentIndex(page);
+    mStatus->setMode(QString::fromUtf8(row->modeWord), QString::fromUtf8(row->modeWordZh));
+    WorkspaceSubject::instance().clearObservers();
+
+    if (page == PageFcty) {
+        const float scale = scaleFactor();
+        mStatus->setWorkspace({});
+        statusBar()->hide();
+        setFixedSize(static_cast<int>(scale * kRecoveryWidth), static_cast<int>(scale * kPageHeight));
+        return;
+    }
+    if (row->folder == nullptr) {
+        return;
+    }
+    if (page == PageLive || page == PageTyro) {
+        // A write waits for the disk, and most page switches bring the page that is stored.
+        if (QSettings settings; settings.value(kPageIdKey).toInt() != page) {
+            settings.setValue(kPageIdKey, page);
+        }
+    }
+    if (page == PageTyro) {
+        sendEasySetup(mDevice);
+    }
+    openWorkspace(*row);
+    applySize();
+}
+
+void MainWindow_R47::openWorkspace(const PageRow& row)
+{
+    WorkspaceSubject& subject = WorkspaceSubject::instance();
+    subject.addObservers(currentPage()->observers());
+    subject.setWorkspaceInfo(u"R47"_s, QString::fromLatin1(row.folder), QString::fromLatin1(row.prefix));
+    if (row.fixedWorkspace == nullptr) {
+        mStatus->setWorkspace(openRememberedWorkspace(subject, workspaceMode()));
+        return;
+    }
+    const QString name = QString::fromLatin1(row.fixedWorkspace);
+    if (!subject.isWorkspaceValid(name)) {
+        subject.createWorkspace(name);
+    }
+    subject.modifyWorkspace(name, 0);
+    mStatus->setWorkspace({});
+}
+
+void MainWindow_R47::applySize()
+{
+    const PageRow* row = pageRow(mPageID);
+    if (row->widthKey != nullptr) {
+        applyPageSize(*this, *row, currentPage()->splitters(), scaleFactor());
+    } else if (mPageID == PageTyro && !mSized) {
+        // As the first page it would have no size at all; it borrows the Live page's without touching what that one keeps.
+        applyPageSize(*this, *pageRow(PageLive), {}, scaleFactor(), SizeMemory::None);
+    } else {
+        return;
+    }
+    mSized = true;
+}
+
+ConsolePage* MainWindow_R47::currentPage() const
+{
+    return mPages[static_cast<std::size_t>(mPageID)];
+}
+
+void MainWindow_R47::keepSizes()
+{
+    mSizeTimer.stop();
+    const PageRow& page = *pageRow(mPageID);
+    keepPageWidth(page, width());
+    if (std::exchange(mSplitterMoved, false) && currentPage() != nullptr) {
+        keepSplitters(page, currentPage()->splitters());
+    }
+}
+
+void MainWindow_R47::modifyScaleFactor()
+{
+    if (!inHandshake()) {
+        dropPageSizes();
+    }
+    if (pageRow(mPageID)->widthKey != nullptr) {
+        applySize();
+    }
+}
+
+void MainWindow_R47::modifyLanguage(const QString& language)
+{
+    mRecovery->setLanguage(language);
+    mStatus->setLanguage(language);
+}
+
+void MainWindow_R47::in_USBAudio_attributeChanged(QString attribute, QString value)
+{
+    if (attribute == u"SampleRate"_s) {
+        mStatus->setSampleRate(value.toInt());
+        mStatus->setBufferSize(USBAudioAPI::instance().getBufferSizeOfActiveDevice());
+    } else if (attribute == u"BufferSize"_s) {
+        mStatus->setBufferSize(value.toInt());
+    }
+}
+
+void MainWindow_R47::in_mDevice_newFrameReceived(DeviceType1::FrameInfo frame)
+{
+    if ((frame.code & 0xF000) == 0x1000) {
+        handleSystemFrame(frame);
+        return;
+    }
+    if ((frame.code & 0xFFFF) == 0x2101) {
+        countMeterFrame();
+    }
+    mRouter.route(mPageID, frame);
+}
+
+void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
+{
+    const int code = frame.code & 0xFFFF;
+    if (code == 0x1101 && frame.value >= 0) {
+        finishAuth(frame.value);
+    } else if (code == 0x1201) {
+        mStatus->setFirmware(firmwareVersionText(frame.value));
+    } else if (code >= 0x1202 && code <= 0x1206) {
+        if (const QString identity = mIdentity.take(code - 0x1201, frame.value); !identity.isEmpty()) {
+            emit firmwareIdentified(identity);
+        }
+    }
+}
+
+void MainWindow_R47::on_PageFctyPushButton1_clicked()
+{
+    emit attributeChanged(u"R47"_s, u"UpdateFirmware"_s, QString());
+}
+
+void MainWindow_R47::on_PageFctyPushButton2_clicked()
+{
+    const bool chinese = QSettings().value("Language").toString() == u"Chinese"_s;
+    const QString path = QFileDialog::getOpenFileName(this, chinese ? u"选择固件文件"_s : u"Select Firmware File"_s, QString(),
+                                                      u"R47_FW Files (R47_FW*.bin R47_FW*.zip)"_s);
+    if (!path.isEmpty()) {
+        emit attributeChanged(u"R47"_s, u"UpdateFirmware"_s, path);
+    }
+}
+
+void MainWindow_R47::resizeEvent(QResizeEvent* event)
+{
+    mStatus->fit(height());
+    for (ConsolePage* page : mPages) {
+        if (page != nullptr) {
+            page->setGap(static_cast<int>(height() * kGapShare));
+        }
+    }
+    if (pageRow(mPageID)->widthKey != nullptr) {
+        mSizeTimer.start();
+    }
+    MainWindow_Base::resizeEvent(event);
+}
+
+void MainWindow_R47::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(false);
+    keepSizes();
+    hide();
+}
+
+void MainWindow_R47::changeEvent(QEvent* event)
+{
+    MainWindow_Base::changeEvent(event);
+}

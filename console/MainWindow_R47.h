@@ -1,0 +1,72 @@
+#pragma once
+
+#include "console/FirmwareIdentity.h"
+#include "console/InboundRouter.h"
+#include "console/MainWindow_Base.h"
+#include "console/PageTable.h"
+#include "device/DeviceR47.h"
+
+#include <QStackedWidget>
+#include <QTimer>
+#include <vector>
+
+class RecoveryPage;
+
+namespace quillon
+{
+class ConsolePage;
+class StatusLine;
+} // namespace quillon
+
+/// The console of the R47: its pages, its device, and the ways between them. GUI thread.
+class MainWindow_R47 : public MainWindow_Base
+{
+    Q_OBJECT
+public:
+    explicit MainWindow_R47(QWidget* parent = nullptr);
+    ~MainWindow_R47() override;
+
+    void sendAuth() override;
+    void applyWorkMode(int mode) override;
+    /// Shows a page and opens its workspace, which tells the device all of it. An id that is no page is ignored.
+    void setPage(int page);
+    int pageId() const { return mPageID; }
+
+public slots:
+    void in_USBAudio_attributeChanged(QString attribute, QString value) override;
+    void in_mDevice_newFrameReceived(DeviceType1::FrameInfo frame);
+    void on_PageFctyPushButton1_clicked();
+    void on_PageFctyPushButton2_clicked();
+
+signals:
+    /// The device's serial identity, once per connection: what its firmware is asked for with.
+    void firmwareIdentified(QString identity);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void buildPages();
+    void connectLinks();
+    void openWorkspace(const quillon::PageRow& row);
+    void applySize();
+    void keepSizes();
+    void modifyScaleFactor();
+    void modifyLanguage(const QString& language);
+    void handleSystemFrame(const DeviceType1::FrameInfo& frame);
+    quillon::ConsolePage* currentPage() const;
+
+    DeviceR47 mDevice;
+    quillon::InboundRouter mRouter;
+    quillon::FirmwareIdentity mIdentity;
+    QStackedWidget* mStack;
+    RecoveryPage* mRecovery;
+    quillon::StatusLine* mStatus;
+    std::vector<quillon::ConsolePage*> mPages; // by page id, null for the two pages without a workspace
+    QTimer mSizeTimer;                         // writes sizes when a drag has come to rest: each write waits for the disk
+    bool mSplitterMoved = false;
+    int mPageID = quillon::PageLive;
+    bool mSized = false; // a size step has run
+};
