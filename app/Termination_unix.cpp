@@ -1,0 +1,57 @@
+#include "app/Termination.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace quillon
+{
+
+namespace
+{
+
+int gPipe[2] = {-1, -1};
+
+// Only write() is safe here; the notifier does the rest on the GUI thread.
+void onSignal(int)
+{
+    const char byte = 1;
+    [[maybe_unused]] const auto written = ::write(gPipe[1], &byte, 1);
+}
+
+} // namespace
+
+Termination::Termination()
+{
+    if (::pipe2(gPipe, O_CLOEXEC | O_NONBLOCK) != 0) {
+        return;
+    }
+    mNotifier = std::make_unique<QSocketNotifier>(gPipe[0], QSocketNotifier::Read);
+    QObject::connect(mNotifier.get(), &QSocketNotifier::activated, [] { QCoreApplication::quit(); });
+    struct sigaction action {
+    };
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
+Termination::~Termination()
+{
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        std::signal(signal, SIG_DFL);
+    }
+    mNotifier.reset();
+    for (int& end : gPipe) {
+        if (end >= 0) {
+            ::close(end);
+            end = -1;
+        }
+    }
+}
+
+} // namespace quillon

@@ -1,0 +1,159 @@
+#include "Stage.h"
+
+#include <QDir>
+#include <QSettings>
+#include <filesystem>
+
+#ifdef __SANITIZE_THREAD__
+extern "C" const char* __tsan_default_suppressions();
+#endif
+
+namespace
+{
+
+constexpr const char* kConf = "[CLSID]\n{E97E1508-2A66-4DF8-B7A7-32D6E5FCBA46}\\InprocServer32=" R47DRIVER "\n";
+
+/// The program finds its workspaces beside itself: a second name for its file gives it a folder of its own.
+void putProgram(const QString& path)
+{
+    std::error_code error;
+    std::filesystem::create_hard_link(QUILLON, path.toStdString(), error);
+    if (error)
+        QVERIFY(QFile::copy(QUILLON, path));
+}
+
+void write(const QString& path, const char* text)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) >= 0);
+}
+
+bool handlesTermination(qint64 pid)
+{
+    QFile status(QString("/proc/%1/status").arg(pid));
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray text = status.readAll();
+    const qsizetype at = text.indexOf("SigCgt:");
+    return at >= 0 && (text.mid(at + 7, 17).trimmed().toULongLong(nullptr, 16) & (1u << (SIGTERM - 1)));
+}
+
+} // namespace
+
+Stage::Stage(const QStringList& unitOptions) : mUnit(unitOptions)
+{
+    putProgram(folder("quillon"));
+    for (const char* name : {"config", "data", "cache", "run", "tmp"})
+        QDir(folder()).mkpath(name);
+    write(folder("config/TUSBAUDIO.conf"), kConf);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const std::pair<const char*, QString> places[] = {{"HOME", folder()},
+                                                      {"XDG_CONFIG_HOME", folder("config")},
+                                                      {"XDG_DATA_HOME", folder("data")},
+                                                      {"XDG_CACHE_HOME", folder("cache")},
+                                                      {"XDG_RUNTIME_DIR", folder("run")},
+                                                      {"TMPDIR", folder("tmp")},
+                                                      {"R47_DIR", mUnit.path({})},
+                                                      {"LD_LIBRARY_PATH", R47HIDAPI},
+                                                      {"QT_QPA_PLATFORM", "offscreen"}};
+    for (const auto& [name, value] : places)
+        environment.insert(name, value);
+#ifdef __SANITIZE_THREAD__
+    // The program is watched by the rules of the tests.
+    write(folder("rules"), __tsan_default_suppressions());
+    environment.insert("TSAN_OPTIONS", "suppressions=" + folder("rules"));
+#endif
+    QFile::setPermissions(folder("run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    mProgram.setProcessEnvironment(environment);
+    mProgram.setChildProcessModifier([this] {
+        if (mBeforeStart)
+            mBeforeStart();
+    });
+}
+
+Stage::~Stage()
+{
+    mProgram.kill();
+    mProgram.waitForFinished(5000);
+    if (QTest::currentTestFailed())
+        qInfo("%s", log().constData());
+}
+
+bool Stage::start()
+{
+    mUnit.tell("clear"); // what an earlier program has sent
+    mProgram.start(folder("quillon"), QStringList());
+    return mProgram.waitForStarted() && eventually([this] { return handlesTermination(mProgram.processId()); }, 10000 * kPatience);
+}
+
+int Stage::quit()
+{
+    mProgram.terminate();
+    const bool ended = mProgram.waitForFinished(kQuitMs);
+    return ended && mProgram.exitStatus() == QProcess::NormalExit ? mProgram.exitCode() : -1;
+}
+
+QByteArray Stage::log()
+{
+    return mLog += mProgram.readAllStandardError();
+}
+
+QStringList Stage::troubles(const QStringList& allowed)
+{
+    // The platform without a screen says so of every window.
+    static const QRegularExpression platform("This plugin does not support propagateSizeHints");
+    static const QRegularExpression trouble("\\[(Warning|Critical|Fatal)\\]|Sanitizer|runtime error:|terminate called");
+    QStringList found;
+    for (const QString& line : QString::fromLocal8Bit(log()).split('\n')) {
+        const auto matches = [&line](const QString& pattern) { return line.contains(QRegularExpression(pattern)); };
+        if (line.contains(trouble) && !line.contains(platform) && !std::any_of(allowed.begin(), allowed.end(), matches))
+            found += line;
+    }
+    return found;
+}
+
+void Stage::mark()
+{
+    QVERIFY(mUnit.tell("clear"));
+    QVERIFY(mUnit.tell("record " + mUnit.path(QString("record%1").arg(++mRecords))));
+}
+
+QList<std::pair<quint64, QString>> Stage::sentAt()
+{
+    QList<std::pair<quint64, QString>> frames;
+    mUnit.tell("record flush");
+    QFile file(mUnit.path(QString("record%1").arg(mRecords)));
+    if (!file.open(QIODevice::ReadOnly))
+        return frames;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QByteArrayList words = line.split(' ');
+        if (words.size() >= 4 && words[1] == "in")
+            frames.append({words[0].toULongLong(), QString::fromLatin1(words[2] + ' ' + words[3])});
+    }
+    return frames;
+}
+
+QStringList Stage::sent()
+{
+    QStringList frames;
+    for (const auto& frame : sentAt())
+        frames += frame.second;
+    return frames;
+}
+
+QString Stage::workspace() const
+{
+    const QSettings settings(folder("config/ZELMORA/ZELMORA Quillon.conf"), QSettings::NativeFormat);
+    return folder("Workspace/R47/Live/R47_Live_" + settings.value("R47/R47_Live_Workspace").toString() + ".ini");
+}
+
+QVariant Stage::stored(const QString& key) const
+{
+    return QSettings(workspace(), QSettings::IniFormat).value(key);
+}
+
+QByteArray Stage::workspaceBytes() const
+{
+    QFile file(workspace());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}

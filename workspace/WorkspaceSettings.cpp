@@ -1,0 +1,149 @@
+#include "workspace/WorkspaceSettings.h"
+
+#include "workspace/WorkspaceFile.h"
+
+#include <QEvent>
+#include <QFileInfo>
+#include <QHash>
+#include <QTimerEvent>
+
+#include <algorithm>
+
+namespace quillon
+{
+
+namespace
+{
+
+// All stores by their absolute file name. Never destroyed: one that still waits at the end of the process stays where it is.
+QHash<QString, WorkspaceSettings*>& stores()
+{
+    static auto* all = new QHash<QString, WorkspaceSettings*>;
+    return *all;
+}
+
+} // namespace
+
+WorkspaceSettings* WorkspaceSettings::open(const QString& path)
+{
+    if (WorkspaceSettings* waiting = find(path)) {
+        waiting->mLife = Life::Open;
+        return waiting;
+    }
+    return new WorkspaceSettings(path);
+}
+
+WorkspaceSettings* WorkspaceSettings::find(const QString& path)
+{
+    return stores().value(QFileInfo(path).absoluteFilePath());
+}
+
+bool WorkspaceSettings::settle(const QString& path)
+{
+    WorkspaceSettings* store = find(path);
+    if (store == nullptr) {
+        return true;
+    }
+    if (!store->writeNow()) {
+        return false;
+    }
+    if (store->mLife != Life::Open) {
+        store->end();
+    }
+    return true;
+}
+
+WorkspaceSettings::WorkspaceSettings(const QString& path) : QSettings(path, QSettings::IniFormat)
+{
+    stores().insert(fileName(), this);
+}
+
+WorkspaceSettings::~WorkspaceSettings()
+{
+    mTimer.stop();
+    stores().remove(fileName());
+}
+
+void WorkspaceSettings::release(bool dropped)
+{
+    mLife = dropped ? Life::Dropped : Life::Waiting;
+    if (writeNow()) {
+        end();
+    }
+}
+
+void WorkspaceSettings::end()
+{
+    const QString name = mLife == Life::Dropped ? fileName() : QString();
+    delete this;
+    if (!name.isEmpty()) {
+        QFile::remove(name);
+    }
+}
+
+void WorkspaceSettings::noteChange()
+{
+    mChanged = true;
+    mLastChange.start();
+    if (!mFirstChange.isValid()) {
+        mFirstChange.start();
+        mTimer.start(QuietMs, this);
+    }
+}
+
+bool WorkspaceSettings::writeNow()
+{
+    mTimer.stop();
+    mFirstChange.invalidate();
+    if (!mChanged || hasRoomBeside(fileName())) {
+        sync();
+        if (isWritten()) {
+            mChanged = false;
+            mFailed = false;
+            return true;
+        }
+    }
+    if (!mFailed) {
+        mFailed = true;
+        qWarning("WorkspaceSubject::flush //failed to write file");
+    }
+    mTimer.start(RetryMs, this);
+    return false;
+}
+
+bool WorkspaceSettings::isWritten()
+{
+    // An error stays with its object for good. A new object on the same file shares the pending changes and tries anew.
+    return status() == QSettings::NoError || QSettings(fileName(), QSettings::IniFormat).status() == QSettings::NoError;
+}
+
+bool WorkspaceSettings::event(QEvent* event)
+{
+    if (event->type() != QEvent::UpdateRequest) {
+        return QSettings::event(event);
+    }
+    if (!mFirstChange.isValid()) {
+        noteChange();
+    }
+    return true;
+}
+
+void WorkspaceSettings::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != mTimer.timerId()) {
+        QSettings::timerEvent(event);
+        return;
+    }
+    if (mFirstChange.isValid()) {
+        const qint64 wait = std::min(QuietMs - mLastChange.elapsed(), LongestMs - mFirstChange.elapsed());
+        if (wait > 0) {
+            mTimer.start(static_cast<int>(wait), this);
+            return;
+        }
+    }
+    if (writeNow() && mLife != Life::Open) {
+        end();
+    }
+}
+
+} // namespace quillon

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QSettings>
+
+namespace quillon
+{
+
+/// A workspace as an INI store that collects changes: it goes to the disk 300 ms after the last one, 2 s after the first at the
+/// latest. A plain store writes the whole file, with a wait for the disk, in every pass of the event loop in which a fader moved.
+///
+/// Qt 6.4 puts a cut-off file in the place of the old one when the disk runs full in the last 16 KB of a write, and any settings
+/// object on a file writes what another one on it has pending. So nothing is written before there is room, a store that could not
+/// be written lives on until it can, and there is never a second object on its file. GUI thread.
+class WorkspaceSettings : public QSettings
+{
+    Q_OBJECT
+public:
+    /// The store of a file: the one that waits to be written, where there is one, else a new one.
+    static WorkspaceSettings* open(const QString& path);
+    /// The store that lives on a file, open or waiting; null where there is none.
+    static WorkspaceSettings* find(const QString& path);
+    /// Writes what waits for a file, before another file takes its place. False when that failed.
+    static bool settle(const QString& path);
+
+    /// Lets go of a store: it writes what is pending and deletes itself, at once or as soon as it can be written.
+    /// dropped: its file is not wanted any more, and goes with it.
+    void release(bool dropped);
+    /// Tells that a value was just set: the base class announces only the first change after a write.
+    void noteChange();
+    /// Writes at once. False, and one warning until a write succeeds again, when the file could not be written; nothing is lost
+    /// from memory then, the old file is as it was, and the write is tried again every two seconds.
+    bool writeNow();
+
+protected:
+    bool event(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    static constexpr int QuietMs = 300;
+    static constexpr int LongestMs = 2000;
+    static constexpr int RetryMs = 2000;
+
+    enum class Life { Open, Waiting, Dropped };
+
+    explicit WorkspaceSettings(const QString& path);
+    ~WorkspaceSettings() override;
+    bool isWritten();
+    void end();
+
+    QBasicTimer mTimer;
+    QElapsedTimer mFirstChange;
+    QElapsedTimer mLastChange;
+    Life mLife = Life::Open;
+    bool mChanged = false;
+    bool mFailed = false;
+};
+
+} // namespace quillon

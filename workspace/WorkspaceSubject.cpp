@@ -1,0 +1,398 @@
+#include "workspace/WorkspaceSubject.h"
+
+#include "workspace/WorkspaceFile.h"
+#include "workspace/WorkspaceSettings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using quillon::WorkspaceSettings;
+
+namespace
+{
+
+constexpr qint32 TempMode = 1;
+
+void warn(const char* operation, const char* reason)
+{
+    qWarning("WorkspaceSubject::%s //%s", operation, reason);
+}
+
+bool isSameFile(const QString& a, const QString& b)
+{
+    const QFileInfo first(a);
+    const QFileInfo second(b);
+    return first.absoluteFilePath() == second.absoluteFilePath() || (first.exists() && first == second);
+}
+
+// The bare file name: one copy of the program runs at a time.
+QString tempPath(const QString& path)
+{
+    return QDir::tempPath() + QDir::separator() + QFileInfo(path).fileName();
+}
+
+} // namespace
+
+WorkspaceSubject& WorkspaceSubject::instance()
+{
+    static WorkspaceSubject subject;
+    return subject;
+}
+
+WorkspaceSubject::~WorkspaceSubject()
+{
+    close();
+}
+
+void WorkspaceSubject::addObserver(WorkspaceObserver* observer)
+{
+    observer->setSettingsHolder(&mSettings);
+    mObservers.append(observer);
+}
+
+void WorkspaceSubject::addObservers(const QList<WorkspaceObserver*>& observers)
+{
+    std::for_each(observers.begin(), observers.end(), [this](WorkspaceObserver* observer) { addObserver(observer); });
+}
+
+void WorkspaceSubject::clearObservers()
+{
+    mObservers.clear();
+}
+
+void WorkspaceSubject::setWorkspaceInfo(const QString& deviceName, const QString& folder, const QString& prefix)
+{
+    mDeviceName = deviceName;
+    mFolder = folder;
+    mPrefix = prefix;
+    if (!folder.isEmpty() && !QDir().mkpath(folder)) {
+        warn("setWorkspaceInfo", "failed to create folder");
+    }
+}
+
+bool WorkspaceSubject::hasInfo(const char* operation) const
+{
+    if (mDeviceName.isEmpty() || mFolder.isEmpty() || mPrefix.isEmpty()) {
+        warn(operation, "workspace info is empty");
+        return false;
+    }
+    return true;
+}
+
+bool WorkspaceSubject::isNamed(const QString& name, const char* operation) const
+{
+    if (!quillon::isWorkspaceName(name)) {
+        warn(operation, "invalid name");
+        return false;
+    }
+    return true;
+}
+
+QString WorkspaceSubject::filePath(const QString& name) const
+{
+    return mFolder + QDir::separator() + mPrefix + name + ".ini"_L1;
+}
+
+bool WorkspaceSubject::isOpenFile(const QString& path) const
+{
+    return mSettings != nullptr && isSameFile(path, mFilePath);
+}
+
+void WorkspaceSubject::createWorkspace(const QString& name)
+{
+    if (hasInfo("createWorkspace") && isNamed(name, "createWorkspace")) {
+        createFile(filePath(name), mDeviceName);
+    }
+}
+
+void WorkspaceSubject::createFile(const QString& path, const QString& deviceName)
+{
+    if (path.isEmpty()) {
+        warn("createFile", "file is empty");
+        return;
+    }
+    // In place of the open file: pending values go with the old content, and the store reads the new one.
+    const bool underStore = isOpenFile(path) && mMode != TempMode;
+    if (underStore) {
+        flush();
+    }
+    if (!quillon::writeEmptyWorkspace(path, deviceName)) {
+        warn("createFile", "failed to create file");
+    }
+    if (underStore) {
+        flush();
+    }
+}
+
+void WorkspaceSubject::removeWorkspace(const QString& name)
+{
+    if (hasInfo("removeWorkspace") && isNamed(name, "removeWorkspace")) {
+        removeFile(filePath(name));
+    }
+}
+
+void WorkspaceSubject::removeFile(const QString& path)
+{
+    if (path.isEmpty()) {
+        warn("removeFile", "file is empty");
+        return;
+    }
+    WorkspaceSettings* waiting = WorkspaceSettings::find(path);
+    if (waiting != nullptr && waiting != mSettings) { // its values would bring the file back
+        waiting->release(true);
+    }
+    if (QFileInfo::exists(path) && !QFile::remove(path)) {
+        warn("removeFile", "failed to remove file");
+    }
+}
+
+void WorkspaceSubject::workspaceSaveAs(const QString& name)
+{
+    if (hasInfo("workspaceSaveAs") && isNamed(name, "workspaceSaveAs")) {
+        fileSaveAs(filePath(name));
+    }
+}
+
+void WorkspaceSubject::fileSaveAs(const QString& path)
+{
+    if (mSettings == nullptr) {
+        return;
+    }
+    const bool current = flush();
+    if (path.isEmpty()) {
+        warn("fileSaveAs", "file is empty");
+    } else if (isOpenFile(path)) {
+        saveFile();
+    } else if (!current || !quillon::writeCopiedWorkspace(mWorkPath, path)) {
+        warn("fileSaveAs", "failed to copy file to target folder");
+    }
+}
+
+void WorkspaceSubject::modifyWorkspace(const QString& name, int mode)
+{
+    if (hasInfo("modifyWorkspace") && isNamed(name, "modifyWorkspace")) {
+        // Each write of the settings waits for the disk, and most page switches open the same one again.
+        QSettings settings;
+        if (settings.value(rememberKey()) != name) {
+            settings.setValue(rememberKey(), name);
+        }
+        modifyFile(filePath(name), mode);
+    }
+}
+
+void WorkspaceSubject::modifyFile(const QString& path, int mode)
+{
+    if (!QFileInfo(path).isFile()) {
+        warn("modifyFile", "file does not exist");
+        return;
+    }
+    if (!quillon::releaseStaleLock(mode == TempMode ? tempPath(path) : path)) {
+        warn("modifyFile", "file is locked");
+        return;
+    }
+    if (!repair(path)) {
+        return;
+    }
+    close();
+    mFilePath = path;
+    mMode = mode;
+    mWorkPath = path;
+    if (mode == TempMode) {
+        mWorkPath = tempPath(path);
+        if (!copyToTemp(path)) {
+            warn("modifyFile", "failed to copy file to temp folder");
+            return;
+        }
+    }
+    open(mWorkPath);
+    loadObservers();
+}
+
+// A file that cannot be read back is kept under another name; an empty workspace takes its place.
+bool WorkspaceSubject::repair(const QString& path)
+{
+    if (!quillon::isDamaged(path)) {
+        return true;
+    }
+    const QString aside = quillon::keepAside(path);
+    if (aside.isEmpty()) {
+        warn("modifyFile", "failed to copy damaged file");
+        return false;
+    }
+    if (!quillon::writeEmptyWorkspace(path, mDeviceName)) {
+        QFile::remove(aside);
+        warn("modifyFile", "failed to replace damaged file");
+        return false;
+    }
+    qWarning("WorkspaceSubject::modifyFile //damaged file was copied to %ls", qUtf16Printable(aside));
+    return true;
+}
+
+bool WorkspaceSubject::copyToTemp(const QString& path)
+{
+    const QString temp = tempPath(path);
+    if (isSameFile(temp, path)) {
+        return false;
+    }
+    // A stale copy goes first, so that nobody else's link under this name is written through. Changes that still wait for the
+    // workspace file belong into the copy.
+    QFile::remove(temp);
+    return WorkspaceSettings::settle(path) && quillon::replaceFile(path, temp);
+}
+
+void WorkspaceSubject::open(const QString& workPath)
+{
+    // The last change must reach the disk while the application's services still work.
+    static std::once_flag once;
+    std::call_once(once, [] { qAddPostRoutine([] { WorkspaceSubject::instance().close(); }); });
+    mSettings = WorkspaceSettings::open(workPath);
+}
+
+void WorkspaceSubject::close()
+{
+    if (mSettings != nullptr) {
+        store()->release(mMode == TempMode);
+        mSettings = nullptr;
+    }
+}
+
+WorkspaceSettings* WorkspaceSubject::store() const
+{
+    return static_cast<WorkspaceSettings*>(mSettings);
+}
+
+bool WorkspaceSubject::flush()
+{
+    return store()->writeNow();
+}
+
+void WorkspaceSubject::loadObservers()
+{
+    const QString source = u"Workspace"_s;
+    emit attributeChanged(source, u"ModifyFile"_s, mWorkPath);
+    emit attributeChanged(source, u"LoadSettings"_s, u"1"_s);
+    const QList<WorkspaceObserver*> audience = mObservers;
+    for (WorkspaceObserver* observer : audience) {
+        if (mObservers.contains(observer)) {
+            observer->loadSettings();
+        }
+    }
+    emit attributeChanged(source, u"LoadSettings"_s, u"0"_s);
+}
+
+void WorkspaceSubject::modifyWorkspacePreprocessing(int mode)
+{
+    if (hasInfo("modifyWorkspacePreprocessing")) {
+        modifyFilePreprocessing(mode);
+    }
+}
+
+void WorkspaceSubject::modifyFilePreprocessing(int mode)
+{
+    if (mSettings == nullptr || mode == mMode) {
+        return;
+    }
+    const bool current = flush();
+    if (mMode == TempMode && (!current || !quillon::replaceFile(mWorkPath, mFilePath))) {
+        warn("modifyFilePreprocessing", "failed to copy file from temp folder");
+        return;
+    }
+    // The new copy is made before the store is closed: when it fails, the open workspace still takes every change.
+    if (mode == TempMode && (!current || !quillon::releaseStaleLock(tempPath(mFilePath)) || !copyToTemp(mFilePath))) {
+        warn("modifyFilePreprocessing", "failed to copy file to temp folder");
+        return;
+    }
+    close();
+    mMode = mode;
+    mWorkPath = mode == TempMode ? tempPath(mFilePath) : mFilePath;
+    open(mWorkPath);
+}
+
+void WorkspaceSubject::saveWorkspace()
+{
+    if (hasInfo("saveWorkspace")) {
+        saveFile();
+    }
+}
+
+void WorkspaceSubject::saveFile()
+{
+    if (mSettings == nullptr) {
+        return;
+    }
+    const bool current = flush();
+    if (mMode == TempMode && (!current || !quillon::replaceFile(mWorkPath, mFilePath))) {
+        warn("saveFile", "failed to copy file from temp folder");
+    }
+}
+
+void WorkspaceSubject::clearWorkspace()
+{
+    if (hasInfo("clearWorkspace")) {
+        clearFile();
+    }
+}
+
+void WorkspaceSubject::clearFile()
+{
+    if (mSettings == nullptr) {
+        return;
+    }
+    QMap<QString, QVariant> header;
+    for (const char* key : {"ConfigFileHeader/DeviceName", "ConfigFileHeader/CreateUser", "ConfigFileHeader/CreateDate"}) {
+        header.insert(QLatin1String(key), mSettings->value(key));
+    }
+    mSettings->clear();
+    for (auto entry = header.cbegin(); entry != header.cend(); ++entry) {
+        mSettings->setValue(entry.key(), entry.value());
+    }
+    store()->noteChange();
+    saveFile();
+}
+
+QStringList WorkspaceSubject::workspaceNames() const
+{
+    if (mFolder.isEmpty() || mPrefix.isEmpty()) {
+        return {};
+    }
+    // Dates are read once per file, and a file without one counts as the oldest.
+    std::vector<std::pair<qint64, QString>> dated;
+    const QFileInfoList files = QDir(mFolder).entryInfoList({mPrefix + "*.ini"_L1}, QDir::Files);
+    dated.reserve(static_cast<size_t>(files.size()));
+    for (const QFileInfo& file : files) {
+        const QString name = file.completeBaseName().mid(mPrefix.size());
+        // The filter does not look at case: what could not be opened by its name is not offered.
+        if (quillon::isWorkspaceName(name) && QFileInfo::exists(filePath(name))) {
+            const QDateTime date = quillon::creationDate(file.filePath());
+            dated.emplace_back(date.isValid() ? date.toMSecsSinceEpoch() : std::numeric_limits<qint64>::min(), name);
+        }
+    }
+    std::stable_sort(dated.begin(), dated.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    QStringList names;
+    std::transform(dated.begin(), dated.end(), std::back_inserter(names), [](const auto& entry) { return entry.second; });
+    return names;
+}
+
+bool WorkspaceSubject::isCurrent(const QString& name) const
+{
+    return quillon::isWorkspaceName(name) && isOpenFile(filePath(name));
+}
+
+bool WorkspaceSubject::isWorkspaceValid(const QString& name) const
+{
+    return isNamed(name, "isWorkspaceValid") && quillon::headerValue(filePath(name), u"DeviceName"_s) == mDeviceName;
+}
+
+QString WorkspaceSubject::rememberKey() const
+{
+    return mDeviceName + u'/' + mPrefix + "Workspace"_L1;
+}
