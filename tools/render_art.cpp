@@ -1,11 +1,9 @@
 // Turns the SVG sources of the artwork into the pictures that the program asks for. Runs at build time, offscreen.
 //
 // usage: render_art SOURCES OUTPUT FONT...
-// Renders SOURCES/art.list and the families into OUTPUT, and lists them there in art.qrc.
+// Renders SOURCES/art.list and the recovery page into OUTPUT, and lists them there in art.qrc.
 //
 // SVG of the tiny profile only; what Qt's renderer does not know (filters, masks, markers) is missing in the picture.
-
-#include "controls/group/GroupShape.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -26,9 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Pixels per unit of a group's minimum size: a strip at its tallest, at scale 3 and device pixel ratio 2, takes 8.
-constexpr int kGroupPixels = 8;
-
 [[noreturn]] void fail(const QString& what)
 {
     std::fprintf(stderr, "render_art: %s\n", qPrintable(what));
@@ -119,81 +114,6 @@ QByteArray ico(const QByteArray& svg, const QString& name)
     return head + body;
 }
 
-struct Tone {
-    const char* light;
-    const char* dark;
-    const char* edge;
-    const char* mark;
-};
-
-/// Lit plates are darker than the colour they stand for, so that the caption on them keeps its contrast; the mark has it pure.
-constexpr Tone toneOf(quillon::PlateTone tone)
-{
-    switch (tone) {
-    case quillon::PlateTone::Amber:
-        return {"#94701f", "#735617", "#d9a93d", "#ffd978"};
-    case quillon::PlateTone::Red:
-        return {"#a9302d", "#84211f", "#c8514e", "#ff9a97"};
-    case quillon::PlateTone::Green:
-        return {"#2a7a4b", "#1f5f39", "#43cf7c", "#7ef0ab"};
-    }
-    return {};
-}
-constexpr Tone kDarkPlate{"#424242", "#363636", "#505050", ""};
-
-QString rectSvg(const QRectF& rect, double radius, const QString& paint)
-{
-    return u"<rect x='%1' y='%2' width='%3' height='%4' rx='%5' %6/>"_s.arg(rect.x())
-        .arg(rect.y())
-        .arg(rect.width())
-        .arg(rect.height())
-        .arg(radius)
-        .arg(paint);
-}
-
-QString plateSvg(const quillon::GroupShape& shape, unsigned state, int index)
-{
-    const quillon::PlateRect at = quillon::plateRect(shape, index);
-    constexpr double kEdge = 0.5;
-    const QRectF plate = QRectF(at.x * shape.width, at.y * shape.height, at.width * shape.width, at.height * shape.height)
-                             .adjusted(kEdge / 2, kEdge / 2, -kEdge / 2, -kEdge / 2);
-    const bool lit = quillon::isLit(shape, state, index);
-    const Tone tone = lit ? toneOf(shape.buttons[std::size_t(index)].tone) : kDarkPlate;
-    QString svg = u"<defs><linearGradient id='p%1' x1='0' y1='0' x2='0' y2='1'><stop offset='0' stop-color='%2'/>"
-                  "<stop offset='1' stop-color='%3'/></linearGradient></defs>"_s.arg(
-                      QString::number(index), QLatin1StringView(tone.light), QLatin1StringView(tone.dark));
-    svg += rectSvg(plate, qMin(plate.width(), plate.height()) * 0.2,
-                   u"fill='url(#p%1)' stroke='%2' stroke-width='%3'"_s.arg(index).arg(QLatin1StringView(tone.edge)).arg(kEdge));
-    if (lit) {
-        const bool wide = !quillon::lampAtFoot(shape);
-        const double length = wide ? plate.height() * 0.5 : plate.width() * 0.36;
-        const double thick = qMin(1.1, plate.height() * 0.12);
-        QRectF lamp(0, 0, wide ? thick : length, wide ? length : thick);
-        lamp.moveCenter(plate.center());
-        if (wide) {
-            lamp.moveLeft(plate.x() + plate.height() * 0.2);
-        } else {
-            lamp.moveTop(plate.bottom() - thick * 2.1);
-        }
-        svg += rectSvg(lamp, thick / 2, u"fill='%1'"_s.arg(QLatin1StringView(tone.mark)));
-    }
-    return svg;
-}
-
-QByteArray groupSvg(const quillon::GroupShape& shape, unsigned state)
-{
-    QString svg = u"<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 %1 %2'>"_s.arg(shape.width).arg(shape.height);
-    for (int i = 0; i < int(shape.buttons.size()); ++i) {
-        svg += plateSvg(shape, state, i);
-    }
-    return (svg + "</svg>"_L1).toUtf8();
-}
-
-QString groupName(const quillon::GroupShape& shape, unsigned state)
-{
-    return u"Image/PushButtonGroup/%1_%2.png"_s.arg(QLatin1StringView(shape.family)).arg(shape.imageByState[state]);
-}
-
 /// The words of the recovery page, by picture and language. Keys stand between @ in the template.
 struct Words {
     const char* source;
@@ -255,15 +175,8 @@ void renderList(const QDir& sources, Output& output)
     }
 }
 
-void renderFamilies(const QDir& sources, Output& output, const QString& family)
+void renderRecovery(const QDir& sources, Output& output, const QString& family)
 {
-    for (const quillon::GroupShape* shape : quillon::kGroups) {
-        for (unsigned state = 0; state < shape->imageByState.size(); ++state) {
-            const QString name = groupName(*shape, state);
-            const QSize size(shape->width * kGroupPixels, shape->height * kGroupPixels);
-            output.add(name, png(render(groupSvg(*shape, state), size, name)));
-        }
-    }
     for (const Words& words : recoveryPictures()) {
         QString svg = QString::fromUtf8(readAll(sources.filePath("images/"_L1 + QLatin1StringView(words.source))));
         svg.replace("@FAMILY@"_L1, family);
@@ -292,7 +205,7 @@ int main(int argc, char** argv)
     }
     Output output{QDir(arguments[1]), {}};
     renderList(arguments[0], output);
-    renderFamilies(arguments[0], output, family);
+    renderRecovery(arguments[0], output, family);
     // Last, and only when all went well: the build takes this file for the sign that the pictures are there.
     writeAll(output.folder.filePath(u"art.qrc"_s),
              ("<RCC><qresource prefix=\"/\">\n"_L1 + output.list + "</qresource></RCC>\n"_L1).toUtf8());

@@ -6,22 +6,40 @@
 
 namespace quillon
 {
-namespace
+PlateButton::PlateButton(QWidget* parent, PlateStyle style, PlateTone tone)
+    : QPushButton(parent), mColors{plateColors(style, tone, false), plateColors(style, tone, true)}
 {
-constexpr QColor kCaptionOn{222, 222, 222};
-constexpr QColor kCaptionOff{161, 161, 161};
-constexpr QColor kCaptionDisabled{96, 96, 96};
-constexpr QColor kRing{67, 207, 124};
-} // namespace
-
-PlateButton::PlateButton(QWidget* parent, bool lampAtFoot) : QPushButton(parent), mLampAtFoot(lampAtFoot)
-{
-    setCheckable(true);
     setAutoDefault(false);
     setAttribute(Qt::WA_LayoutUsesWidgetRect);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(1, 1);
+}
+
+void PlateButton::setLampPlace(LampPlace place)
+{
+    if (mLampPlace != place) {
+        mLampPlace = place;
+        layoutPlate();
+        update();
+    }
+}
+
+void PlateButton::layoutPlate()
+{
+    mLayout = quillon::layoutPlate(size(), mLampPlace.value_or(lampPlaceFor(size())));
+    for (std::size_t i = 0; i < mFill.size(); ++i) {
+        QLinearGradient gradient(0, 0, 0, height());
+        gradient.setColorAt(0, mColors[i].top);
+        gradient.setColorAt(1, mColors[i].bottom);
+        mFill[i] = mColors[i].top == mColors[i].bottom ? QBrush(mColors[i].top) : QBrush(gradient);
+    }
+}
+
+void PlateButton::resizeEvent(QResizeEvent* event)
+{
+    layoutPlate();
+    QPushButton::resizeEvent(event);
 }
 
 bool PlateButton::event(QEvent* event)
@@ -35,33 +53,21 @@ bool PlateButton::event(QEvent* event)
 void PlateButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF plate(rect());
-    const qreal radius = qMin(plate.width(), plate.height()) * 0.2;
-    if (isEnabled() && (isDown() || underMouse())) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(isDown() ? QColor(0, 0, 0, 56) : QColor(255, 255, 255, 16));
-        painter.drawRoundedRect(plate, radius, radius);
-    }
-    painter.setPen(!isEnabled() ? kCaptionDisabled : isChecked() ? kCaptionOn : kCaptionOff);
     painter.setFont(font());
-    painter.drawText(rect().adjusted(0, 0, 0, mLampAtFoot ? -height() / 7 : 0), Qt::AlignCenter | Qt::TextDontClip, text());
-    if (mRing) {
-        painter.setPen(QPen(kRing, 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(plate.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    }
+    const std::size_t state = isChecked() ? 1 : 0;
+    paintPlate(painter, mLayout, mColors[state], mFill[state], isCheckable(),
+               {.enabled = isEnabled(), .hovered = underMouse(), .pressed = isDown(), .focused = mFocus.isShown()}, text());
 }
 
 void PlateButton::focusInEvent(QFocusEvent* event)
 {
-    mRing = event->reason() != Qt::MouseFocusReason;
-    QPushButton::focusInEvent(event);
+    mFocus.focusIn(event);
+    QPushButton::focusInEvent(event); // paints anew
 }
 
 void PlateButton::focusOutEvent(QFocusEvent* event)
 {
-    mRing = false;
+    mFocus.focusOut(event);
     QPushButton::focusOutEvent(event);
 }
 } // namespace quillon

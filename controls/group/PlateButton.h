@@ -1,25 +1,41 @@
 #pragma once
 
+#include "controls/FocusMark.h"
+#include "controls/group/PlatePaint.h"
+
 #include <QPushButton>
+
+#include <array>
+#include <optional>
 
 namespace quillon
 {
-/// A button over a plate of a group's picture: it draws its caption, pointer feedback and focus, never the plate. GUI thread.
+/// A push button drawn as a plate. A checkable one has a lamp that is lit while it is checked. GUI thread.
 class PlateButton : public QPushButton
 {
     Q_OBJECT
 public:
-    /// lampAtFoot: the foot of the plate belongs to its lamp, the caption stands above it.
-    PlateButton(QWidget* parent, bool lampAtFoot);
+    explicit PlateButton(QWidget* parent = nullptr, PlateStyle style = PlateStyle::Shaded, PlateTone tone = PlateTone::Green);
+
+    /// Where the lamp stands whatever the plate's ratio is, so that it is the same all over a panel.
+    void setLampPlace(LampPlace place);
+    /// The space of the caption.
+    QSizeF captionSize() const { return mLayout.caption.size(); }
 
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    const bool mLampAtFoot;
-    bool mRing = false; ///< focus came from the keyboard
+    void layoutPlate();
+
+    const std::array<PlateColors, 2> mColors; ///< off, on
+    std::array<QBrush, 2> mFill;
+    PlateLayout mLayout;
+    std::optional<LampPlace> mLampPlace;
+    FocusMark mFocus;
 };
 } // namespace quillon

@@ -2,8 +2,7 @@
 
 #include "controls/DialS1M5.h"
 #include "controls/HSliderS1M1.h"
-#include "controls/PushButtonGroupS1M11.h"
-#include "controls/PushButtonGroupS1M2.h"
+#include "controls/PushButtonGroups.h"
 #include "controls/VolumeMeterS1M1.h"
 #include "strips/input/MicrophoneShape.h"
 

@@ -1,7 +1,7 @@
 #include "strips/input/InputS1M3.h"
 
 #include "controls/DialS1M6.h"
-#include "controls/PushButtonGroupS1M2.h"
+#include "controls/PushButtonGroups.h"
 #include "controls/VolumeMeterS1M2.h"
 
 namespace

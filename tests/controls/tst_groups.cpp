@@ -1,10 +1,12 @@
-#include "controls/PushButtonGroupS1M11.h"
-#include "controls/PushButtonGroupS1M2.h"
-#include "controls/PushButtonGroupS1M9.h"
+#include "controls/PushButtonGroups.h"
+#include "controls/PushButtons.h"
 #include "resources/Resources.h"
 #include "tests/controls/Hands.h"
 
-#include <QPushButton>
+#include <QAccessible>
+#include <QGraphicsDropShadowEffect>
+#include <QMetaEnum>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -12,68 +14,114 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
-using quillon::GroupShape;
+using quillon::PanelFace;
+using quillon::PanelShape;
+using quillon::PlateButton;
 
 namespace
 {
-/// A group with its face flattened, so that one contract runs over all members.
-struct Face {
-    std::unique_ptr<QWidget> widget;
-    const GroupShape* shape;
-    std::function<void(QString, QString, bool)> setState;
-    std::function<QString(QString)> getState;
-    std::function<void(QString)> setLanguage;
-    std::function<void(QString)> setAccessibleName;
+template<class... Classes> std::vector<std::function<PanelFace*()>> makers()
+{
+    return {[]() -> PanelFace* { return new Classes; }...};
+}
 
-    QString name(int index) const { return QLatin1StringView(shape->buttons[std::size_t(index)].name); }
-    int count() const { return int(shape->buttons.size()); }
-    QPushButton* button(int index) const { return widget->findChild<QPushButton*>("PushButton"_L1 + name(index)); }
-    QImage picture() const { return QImage(widget->findChild<quillon::PlatePicture*>(u"frame"_s)->picture()); }
+const std::vector<std::function<PanelFace*()>> kGroups =
+    makers<PushButtonGroupS1M1, PushButtonGroupS1M2, PushButtonGroupS1M3, PushButtonGroupS1M4, PushButtonGroupS1M5,
+           PushButtonGroupS1M6, PushButtonGroupS1M7, PushButtonGroupS1M8, PushButtonGroupS1M9, PushButtonGroupS1M10,
+           PushButtonGroupS1M11, PushButtonGroupS1M12>();
+const std::vector<std::function<PanelFace*()>> kPanels =
+    makers<PushButtonS1M1, PushButtonS1M2, PushButtonS1M3, PushButtonS1M4, PushButtonS1M5, PushButtonS1M6, PushButtonS1M7,
+           PushButtonS1M8, PushButtonS1M9, PushButtonS1M10, PushButtonS1M11, PushButtonS1M12, PushButtonS1M13, PushButtonS1M14>();
 
-    /// Whether the picture shows the plate in a colour.
-    bool plateLit(int index) const
+/// A member of either family with what it reports as texts, so that one contract runs over all of them.
+class Panel : public QObject
+{
+public:
+    Panel(bool group, int place)
+        : shape(group ? quillon::groupShapes()[std::size_t(place)] : quillon::panelShapes()[std::size_t(place)]),
+          face((group ? kGroups : kPanels)[std::size_t(place)]())
     {
-        const QImage image = picture();
-        const quillon::PlateRect plate = quillon::plateRect(*shape, index);
-        const QPointF centre((plate.x + plate.width / 2) * image.width(), (plate.y + plate.height / 2) * image.height());
-        return image.pixelColor(centre.toPoint()).saturation() > 100;
+        face->resize(shape.width * 2, shape.height * 2);
+        face->show();
+        if (auto* speaker = qobject_cast<quillon::PushButtonGroup*>(face.get())) {
+            const auto hear = [this](const QString& button, const QString& what) { heard << button + u' ' + what; };
+            connect(speaker, &quillon::PushButtonGroup::stateChanged, this, hear);
+            connect(speaker, &quillon::PushButtonGroup::mouseClickEvent, this, hear);
+        } else {
+            const QMetaObject* meta = face->metaObject();
+            mSpy = std::make_unique<QSignalSpy>(face.get(), meta->method(meta->indexOfSignal("buttonStateChanged(ButtonID,bool)")));
+        }
     }
+
+    int count() const { return int(shape.buttons.size()); }
+    const quillon::PanelButton& row(int index) const { return shape.buttons[std::size_t(index)]; }
+    QString name(int index) const { return QLatin1StringView(row(index).name); }
+    PlateButton* button(int index) const { return face->findChild<PlateButton*>("PushButton"_L1 + name(index)); }
+    bool isOn(int index) const
+    {
+        const bool on = face->getState(name(index)) == (shape.selector ? name(index) : u"1"_s);
+        return on == button(index)->isChecked() ? on : throw std::logic_error("state and button differ");
+    }
+    /// What was reported since the last call: "MUTE 1".
+    QString told()
+    {
+        for (; mSpy && !mSpy->isEmpty(); mSpy->removeFirst()) {
+            heard << name(mSpy->first()[0].toInt()) + (mSpy->first()[1].toBool() ? u" 1"_s : u" 0"_s);
+        }
+        return std::exchange(heard, {}).join(u',');
+    }
+
+    const PanelShape& shape;
+    std::unique_ptr<PanelFace> face;
+    QStringList heard;
+
+private:
+    std::unique_ptr<QSignalSpy> mSpy;
 };
 
-template<class Group> Face faceOf(const GroupShape& shape)
+void memberRows(const std::function<bool(const PanelShape&)>& takes = [](const PanelShape&) { return true; })
 {
-    auto group = std::make_unique<Group>();
-    Group* g = group.get();
-    g->resize(shape.width * 2, shape.height * 2);
-    g->show();
-    return {std::move(group),
-            &shape,
-            [g](const QString& b, const QString& s, bool e) { g->setState(b, s, e); },
-            [g](const QString& b) { return g->getState(b); },
-            [g](const QString& l) { g->setLanguage(l); },
-            [g](const QString& n) { g->setAccessibleName(n); }};
+    QTest::addColumn<bool>("group");
+    QTest::addColumn<int>("place");
+    for (const bool group : {true, false}) {
+        const auto shapes = group ? quillon::groupShapes() : quillon::panelShapes();
+        QCOMPARE(shapes.size(), (group ? kGroups : kPanels).size());
+        for (std::size_t i = 0; i < shapes.size(); ++i) {
+            if (takes(shapes[i])) {
+                QTest::addRow("%s%s", group ? "group " : "panel ", shapes[i].member) << group << int(i);
+            }
+        }
+    }
 }
 
-Face faceOf(const QByteArray& member)
+bool isSwitches(const PanelShape& shape)
 {
-    if (member == "S1M2") {
-        return faceOf<PushButtonGroupS1M2>(quillon::kGroupS1M2);
-    }
-    if (member == "S1M9") {
-        return faceOf<PushButtonGroupS1M9>(quillon::kGroupS1M9);
-    }
-    return faceOf<PushButtonGroupS1M11>(quillon::kGroupS1M11);
+    return !shape.selector;
 }
 
-void memberRows(std::initializer_list<const char*> members)
+bool hasSet(const PanelShape& shape)
 {
-    QTest::addColumn<QByteArray>("member");
-    for (const char* member : members) {
-        QTest::newRow(member) << QByteArray(member);
+    return shape.buttons.front().exclusive;
+}
+
+/// How many pixels differ in brightness, colour aside.
+int differentPixels(const QImage& a, const QImage& b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            count += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > 12 ? 1 : 0;
+        }
     }
+    return count;
 }
 
 } // namespace
+
+#define FETCH_PANEL(panel)                                                                                                         \
+    QFETCH(bool, group);                                                                                                           \
+    QFETCH(int, place);                                                                                                            \
+    Panel panel(group, place)
 
 class TestGroups : public QObject
 {
@@ -81,175 +129,272 @@ class TestGroups : public QObject
 private slots:
     void initTestCase() { quillon::initResources(); }
 
-    void everyStateHasItsPicture_data() { memberRows({"S1M2", "S1M11"}); }
-    /// A number swapped in a state table, or a plate drawn in another place than its button.
-    void everyStateHasItsPicture()
+    void membersHaveTheirRows_data() { memberRows(); }
+    /// A class with the row of another, an enum in another order than its row, a setter for another button.
+    void membersHaveTheirRows()
     {
-        QFETCH(QByteArray, member);
-        const Face face = faceOf(member);
-        for (unsigned state = 0; state < 1u << face.count(); ++state) {
-            for (int i = 0; i < face.count(); ++i) {
-                face.setState(face.name(i), state >> i & 1u ? u"1"_s : u"0"_s, false);
-            }
-            for (int i = 0; i < face.count(); ++i) {
-                const bool on = state >> i & 1u;
-                QCOMPARE(face.plateLit(i), on);
-                QCOMPARE(face.button(i)->isChecked(), on);
-                QCOMPARE(face.getState(face.name(i)), on ? u"1"_s : u"0"_s);
-            }
+        FETCH_PANEL(panel);
+        const QMetaObject* meta = panel.face->metaObject();
+        QVERIFY(QByteArray(meta->className()).endsWith(panel.shape.member));
+        const QMetaEnum ids = meta->enumerator(meta->indexOfEnumerator("ButtonID"));
+        QCOMPARE(ids.keyCount(), group ? 0 : panel.count());
+        for (int i = 0; i < panel.count(); ++i) {
+            QVERIFY(group || QByteArray(ids.key(i)).endsWith(panel.row(i).name));
+            const QByteArray setter = QByteArray("setState") + panel.row(i).name;
+            QVERIFY2(QMetaObject::invokeMethod(panel.face.get(), setter, Q_ARG(bool, true)), setter);
+            QCOMPARE(panel.told(), panel.name(i) + " 1"_L1);
+            QVERIFY(panel.isOn(i));
         }
     }
 
-    void setStateTellsOnlyWhenAsked_data() { memberRows({"S1M2", "S1M11"}); }
+    void everyCombination_data() { memberRows(isSwitches); }
+    void everyCombination()
+    {
+        FETCH_PANEL(panel);
+        for (unsigned state = 0; state < 1u << panel.count(); ++state) {
+            for (int i = 0; i < panel.count(); ++i) {
+                panel.face->setState(panel.name(i), state >> i & 1u ? u"1"_s : u"0"_s, false);
+            }
+            for (int i = 0; i < panel.count(); ++i) {
+                QVERIFY(panel.row(i).exclusive || panel.isOn(i) == bool(state >> i & 1u));
+            }
+        }
+        QCOMPARE(panel.told(), QString());
+    }
+
+    void setStateTellsOnlyWhenAsked_data() { memberRows(isSwitches); }
     void setStateTellsOnlyWhenAsked()
     {
-        QFETCH(QByteArray, member);
-        const Face face = faceOf(member);
-        QSignalSpy spy(face.widget.get(), SIGNAL(stateChanged(QString, QString)));
-        const QString last = face.name(face.count() - 1);
-        face.setState(last, u"2"_s, false);
-        QCOMPARE(face.getState(last), u"1"_s);
-        face.setState(last, u"no number"_s, false);
-        QCOMPARE(face.getState(last), u"0"_s);
-        face.setState(u"NOSUCH"_s, u"1"_s, true);
-        QCOMPARE(face.getState(u"NOSUCH"_s), u"0"_s);
-        QCOMPARE(spy.size(), 0);
-        face.setState(last, u"1"_s, true);
-        face.setState(last, u"1"_s, true);
-        QCOMPARE(spy.size(), 2);
-        QCOMPARE(spy.last(), QVariantList({last, u"1"_s}));
+        FETCH_PANEL(panel);
+        const int last = panel.count() - 1;
+        panel.face->setState(panel.name(last), u"2"_s, false);
+        QVERIFY(panel.isOn(last));
+        panel.face->setState(panel.name(last), u"no number"_s, false);
+        QVERIFY(!panel.isOn(last));
+        panel.face->setState(u"NOSUCH"_s, u"1"_s, true);
+        QCOMPARE(panel.face->getState(u"NOSUCH"_s), u"0"_s);
+        QCOMPARE(panel.told(), QString());
+        panel.face->setState(panel.name(last), u"1"_s, true);
+        panel.face->setState(panel.name(last), u"1"_s, true);
+        QCOMPARE(panel.told(), panel.name(last) + " 1,"_L1 + panel.name(last) + " 1"_L1);
+        if (auto* buttons = qobject_cast<quillon::PushButtonPanel*>(panel.face.get())) {
+            buttons->loadState(last, false);
+            buttons->loadState(panel.count(), true);
+            QVERIFY(!panel.isOn(last));
+            QCOMPARE(panel.told(), QString());
+        }
     }
 
-    void clickAndSpaceToggleAtOnce_data() { memberRows({"S1M2", "S1M11"}); }
-    void clickAndSpaceToggleAtOnce()
+    void handsToggle_data() { memberRows(isSwitches); }
+    void handsToggle()
     {
-        QFETCH(QByteArray, member);
-        const Face face = faceOf(member);
-        QSignalSpy spy(face.widget.get(), SIGNAL(stateChanged(QString, QString)));
-        QTest::mouseClick(face.button(0), Qt::LeftButton);
-        QCOMPARE(spy.takeFirst(), QVariantList({face.name(0), u"1"_s}));
-        QTest::keyClick(face.button(0), Qt::Key_Space);
-        QCOMPARE(spy.takeFirst(), QVariantList({face.name(0), u"0"_s}));
-        const int last = face.count() - 1;
-        QTest::keyClick(face.button(last), Qt::Key_Space);
-        QCOMPARE(spy.takeFirst(), QVariantList({face.name(last), u"1"_s}));
-        QVERIFY(face.plateLit(last));
+        FETCH_PANEL(panel);
+        for (int i = 0; i < panel.count(); ++i) {
+            if (panel.row(i).exclusive) {
+                continue;
+            }
+            const bool timed = panel.row(i).mouseEvents;
+            QTest::mouseClick(panel.button(i), timed ? Qt::NoButton : Qt::LeftButton);
+            QCOMPARE(panel.told(), timed ? QString() : panel.name(i) + " 1"_L1);
+            QTest::keyClick(panel.button(i), Qt::Key_Space);
+            QCOMPARE(panel.told(), panel.name(i) + (timed ? " 1"_L1 : " 0"_L1));
+        }
     }
 
+    void setHoldsExactlyOne_data() { memberRows(hasSet); }
+    void setHoldsExactlyOne()
+    {
+        FETCH_PANEL(panel);
+        const int others = panel.count() - 3;
+        for (int i = 3; i < panel.count(); ++i) {
+            panel.face->setState(panel.name(i), u"1"_s, false);
+        }
+        QCOMPARE(panel.face->getState(u"Mic9"_s), panel.shape.selector ? QString() : u"0"_s);
+        panel.face->setState(u"Mic35"_s, panel.shape.selector ? u"0"_s : u"1"_s, false);
+        panel.face->setState(u"Mic9"_s, u"1"_s, true);
+        QTest::mouseClick(panel.button(1), Qt::LeftButton);
+        panel.face->setState(u"Mic35"_s, panel.shape.selector ? u"1"_s : u"0"_s, true);
+        QCOMPARE(panel.told(), QString());
+        QVERIFY(panel.isOn(1));
+        for (int selected = 0; selected < 3; ++selected) {
+            QTest::mouseClick(panel.button(selected), Qt::LeftButton);
+            QCOMPARE(panel.told(), panel.name(selected) + " 1"_L1);
+            for (int i = 0; i < 3; ++i) {
+                QCOMPARE(panel.isOn(i), i == selected);
+            }
+        }
+        QVERIFY(QTest::qWaitForWindowActive(panel.face.get()));
+        panel.button(2)->setFocus();
+        QTest::keyClick(panel.button(2), Qt::Key_Up);
+        QCOMPARE(panel.told(), u"Mic35 1"_s);
+        for (int i = 3; i < panel.count(); ++i) {
+            QVERIFY(panel.isOn(i));
+        }
+        QCOMPARE(others, panel.count() - 3);
+    }
+
+    /// Every button that tells them apart, under every kind of click; all at once, since each waits.
     void clicks()
     {
-        const std::tuple<Qt::MouseButton, bool, QString> ways[] = {{Qt::LeftButton, false, u"EQ LeftButtonSingle,EQ 1"_s},
-                                                                   {Qt::RightButton, false, u"EQ RightButtonSingle"_s},
-                                                                   {Qt::MiddleButton, false, u"EQ MiddleButtonSingle"_s},
-                                                                   {Qt::LeftButton, true, u"EQ LeftButtonDouble"_s},
-                                                                   {Qt::RightButton, true, u"EQ RightButtonDouble"_s}};
-        for (const auto& [mouseButton, twice, expected] : ways) {
-            PushButtonGroupS1M11 group;
-            group.resize(96, 100);
-            auto* eq = group.findChild<QPushButton*>(u"PushButtonEQ"_s);
-            QStringList heard;
-            const auto hear = [&](const QString& button, const QString& what) { heard << button + u' ' + what; };
-            connect(&group, &PushButtonGroupS1M11::mouseClickEvent, this, hear);
-            connect(&group, &PushButtonGroupS1M11::stateChanged, this, hear);
-            QTest::mouseClick(eq, mouseButton);
-            QVERIFY(heard.isEmpty());
-            if (twice) {
-                QTest::mouseDClick(eq, mouseButton); // the second press alone
-                QTest::mouseRelease(eq, mouseButton);
+        const std::tuple<Qt::MouseButton, bool, QString> ways[] = {{Qt::LeftButton, false, u"%1 LeftButtonSingle,%1 1"_s},
+                                                                   {Qt::RightButton, false, u"%1 RightButtonSingle"_s},
+                                                                   {Qt::MiddleButton, false, u"%1 MiddleButtonSingle"_s},
+                                                                   {Qt::LeftButton, true, u"%1 LeftButtonDouble"_s},
+                                                                   {Qt::RightButton, true, u"%1 RightButtonDouble"_s}};
+        std::vector<std::pair<std::unique_ptr<Panel>, QString>> cases;
+        for (int place = 0; place < int(kGroups.size()); ++place) {
+            const auto buttons = quillon::groupShapes()[std::size_t(place)].buttons;
+            for (int i = 0; i < int(buttons.size()); ++i) {
+                for (const auto& [mouseButton, twice, expected] : ways) {
+                    if (!buttons[std::size_t(i)].mouseEvents) {
+                        continue;
+                    }
+                    auto panel = std::make_unique<Panel>(true, place);
+                    QTest::mouseClick(panel->button(i), mouseButton);
+                    QCOMPARE(panel->told(), QString());
+                    if (twice) {
+                        QTest::mouseDClick(panel->button(i), mouseButton); // the second press alone
+                        QTest::mouseRelease(panel->button(i), mouseButton);
+                    }
+                    QVERIFY(!panel->button(i)->isDown());
+                    cases.emplace_back(std::move(panel), expected.arg(QLatin1StringView(buttons[std::size_t(i)].name)));
+                }
             }
-            QTRY_VERIFY_WITH_TIMEOUT(!heard.isEmpty(), 2000);
-            QTest::qWait(quillon::ClickTiming::kIntervalMs + 50);
-            QCOMPARE(heard.join(u','), expected);
-            QVERIFY(!eq->isDown());
+        }
+        QCOMPARE(cases.size(), 5 * std::size(ways)); // DUCKING, EQ, EQ and DUCKING, EQ
+        QTest::qWait(quillon::ClickTiming::kIntervalMs + 100);
+        for (const auto& [panel, expected] : cases) {
+            QTRY_VERIFY(!panel->heard.isEmpty());
+            QCOMPARE(panel->told(), expected);
         }
     }
 
     void clicksThatCallEachOtherOff()
     {
-        PushButtonGroupS1M11 group;
-        group.resize(96, 100);
-        auto* eq = group.findChild<QPushButton*>(u"PushButtonEQ"_s);
-        auto* ducking = group.findChild<QPushButton*>(u"PushButtonDUCKING"_s);
-        QSignalSpy clicks(&group, &PushButtonGroupS1M11::mouseClickEvent);
-        QSignalSpy states(&group, &PushButtonGroupS1M11::stateChanged);
+        Panel panel(true, 10);
+        PlateButton* eq = panel.button(2);
+        PlateButton* ducking = panel.button(3);
         QTest::mouseClick(eq, Qt::LeftButton);
         QTest::mouseClick(ducking, Qt::LeftButton);
         QTest::mousePress(eq, Qt::LeftButton);
         QTest::mouseRelease(eq, Qt::LeftButton, {}, {-5, 400});
         QTest::qWait(quillon::ClickTiming::kIntervalMs + 50);
-        QCOMPARE(clicks.size() + states.size(), 0);
+        QCOMPARE(panel.told(), QString());
         QTest::keyClick(ducking, Qt::Key_Return);
-        QCOMPARE(clicks.takeFirst(), QVariantList({u"DUCKING"_s, u"RightButtonSingle"_s}));
-        QCOMPARE(group.getState(u"DUCKING"_s), u"0"_s);
+        QCOMPARE(panel.told(), u"DUCKING RightButtonSingle"_s);
+        QVERIFY(!panel.isOn(3));
     }
 
-    void selectorHoldsExactlyOne()
+    void everythingFits_data() { memberRows(); }
+    void everythingFits()
     {
-        const Face face = faceOf("S1M9");
-        QSignalSpy spy(face.widget.get(), SIGNAL(stateChanged(QString, QString)));
-        QCOMPARE(face.getState({}), QString());
-        face.setState(u"Mic35"_s, u"0"_s, false);
-        face.setState(u"Mic9"_s, u"1"_s, true);
-        QCOMPARE(face.getState(u"anything"_s), u"Mic35"_s);
-        QCOMPARE(spy.size(), 0);
-        QTest::mouseClick(face.button(1), Qt::LeftButton);
-        QCOMPARE(spy.size(), 0);
-        for (int selected = 0; selected < face.count(); ++selected) {
-            QTest::mouseClick(face.button(selected), Qt::LeftButton);
-            QCOMPARE(spy.takeFirst(), QVariantList({face.name(selected), u"1"_s}));
-            for (int i = 0; i < face.count(); ++i) {
-                QCOMPARE(face.button(i)->isChecked(), i == selected);
-                QCOMPARE(face.plateLit(i), i == selected);
-            }
-        }
-        QVERIFY(QTest::qWaitForWindowActive(face.widget.get()));
-        face.button(2)->setFocus();
-        QTest::keyClick(face.button(2), Qt::Key_Up);
-        QCOMPARE(spy.takeFirst(), QVariantList({u"Mic35"_s, u"1"_s}));
-    }
-
-    void captionsFitTheirPlates_data() { memberRows({"S1M2", "S1M9", "S1M11"}); }
-    void captionsFitTheirPlates()
-    {
-        QFETCH(QByteArray, member);
-        const Face face = faceOf(member);
+        FETCH_PANEL(panel);
         for (const double scale : {1.0, 1.3, 2.0, 4.0}) {
-            face.widget->resize(int(face.shape->width * scale), int(face.shape->height * scale));
+            panel.face->resize(int(panel.shape.width * scale), int(panel.shape.height * scale));
+            QRegion taken;
+            for (QWidget* child : panel.face->findChild<QWidget*>(u"frame"_s)->findChildren<QWidget*>()) {
+                QVERIFY(!taken.intersects(child->geometry()));
+                QVERIFY(panel.face->rect().contains(child->geometry()));
+                taken += child->geometry();
+            }
             for (const QString& language : {u"English"_s, u"Chinese"_s}) {
-                face.setLanguage(language);
-                face.setLanguage(u"Klingon"_s);
-                for (int i = 0; i < face.count(); ++i) {
-                    const QPushButton* button = face.button(i);
+                panel.face->setLanguage(language);
+                panel.face->setLanguage(u"Klingon"_s);
+                for (int i = 0; i < panel.count(); ++i) {
+                    const PlateButton* button = panel.button(i);
                     const QFontMetricsF metrics(button->font());
-                    QVERIFY2(metrics.horizontalAdvance(button->text()) <= button->width(), qPrintable(button->text()));
-                    QVERIFY2(metrics.tightBoundingRect(button->text()).height() < button->height(), qPrintable(button->text()));
-                    QVERIFY(face.widget->rect().contains(button->geometry()));
+                    QVERIFY2(metrics.horizontalAdvance(button->text()) <= button->captionSize().width(),
+                             qPrintable(button->text()));
+                    const double ink = metrics.tightBoundingRect(button->text()).height();
+                    QVERIFY2(ink < button->captionSize().height() + 1, qPrintable(u"%1 %2"_s.arg(ink).arg(scale)));
                 }
             }
         }
     }
 
-    void buttonsAreAnnouncedWithTheirStrip()
+    void keyboardAndAssistants_data() { memberRows(); }
+    /// The order of Tab, and what a reader hears: which strip, which button, of what kind, on or off.
+    void keyboardAndAssistants()
     {
-        const Face face = faceOf("S1M2");
-        face.setAccessibleName(u"IN 1"_s);
-        QCOMPARE(face.button(1)->accessibleName(), u"IN 1 MUTE"_s);
-        face.setLanguage(u"Chinese"_s);
-        QCOMPARE(face.button(1)->accessibleName(), u"IN 1 静音"_s);
+        FETCH_PANEL(panel);
+        QVERIFY(QTest::qWaitForWindowActive(panel.face.get()));
+        panel.face->setAccessibleName(u"IN 1"_s);
+        QSet<QString> names;
+        for (const QString& language : {u"Chinese"_s, u"English"_s}) {
+            panel.face->setLanguage(language);
+            names.clear();
+            panel.button(0)->setFocus(Qt::TabFocusReason);
+            for (int i = 0; i < panel.count(); ++i) {
+                PlateButton* button = panel.button(i);
+                QVERIFY(button->hasFocus());
+                QAccessibleInterface* told = QAccessible::queryAccessibleInterface(button);
+                QCOMPARE(told->role(), panel.row(i).exclusive ? QAccessible::RadioButton : QAccessible::CheckBox);
+                QVERIFY(told->text(QAccessible::Name).startsWith("IN 1 "_L1 + button->text()));
+                names << told->text(QAccessible::Name);
+                panel.face->setState(panel.name(i), u"1"_s, false);
+                QVERIFY(told->state().checked);
+                // Tab takes a set as one stop; the arrows lead through it.
+                const bool within = panel.row(i).exclusive && i + 1 < panel.count() && panel.row(i + 1).exclusive;
+                QTest::keyClick(button, within ? Qt::Key_Down : Qt::Key_Tab);
+            }
+            QCOMPARE(names.size(), panel.count());
+        }
     }
 
-    void aChangeRepaintsOnceAndAnEqualStateNever()
+    void statesDifferByMoreThanColour_data() { memberRows(); }
+    void statesDifferByMoreThanColour()
     {
-        const Face face = faceOf("S1M2");
-        QVERIFY(QTest::qWaitForWindowExposed(face.widget.get()));
+        FETCH_PANEL(panel);
+        PlateButton* button = panel.button(0);
+        const int enough = button->width() * button->height() / 50;
+        std::vector<QImage> looks;
+        const auto look = [&] { looks.push_back(button->grab().toImage()); };
+        button->setAttribute(Qt::WA_UnderMouse, false);
+        look();
+        button->setAttribute(Qt::WA_UnderMouse);
+        look();
+        button->setDown(true);
+        look();
+        button->setDown(false);
+        button->setAttribute(Qt::WA_UnderMouse, false);
+        panel.face->setState(panel.name(0), u"1"_s, false);
+        look();
+        QFocusEvent tab(QEvent::FocusIn, Qt::TabFocusReason);
+        QCoreApplication::sendEvent(button, &tab);
+        look();
+        panel.face->setEnabled(false);
+        look();
+        for (std::size_t a = 0; a < looks.size(); ++a) {
+            for (std::size_t b = 0; b < a; ++b) {
+                QVERIFY2(differentPixels(looks[a], looks[b]) >= enough, qPrintable(u"%1 and %2"_s.arg(a).arg(b)));
+            }
+        }
+    }
+
+    void aChangeRepaintsOneButton()
+    {
+        const Panel panel(true, 1);
+        QVERIFY(QTest::qWaitForWindowExposed(panel.face.get()));
         QTest::qWait(20);
-        PaintCount counter;
-        face.widget->findChild<QWidget*>(u"frame"_s)->installEventFilter(&counter);
-        face.setState(u"MUTE"_s, u"1"_s, false);
-        QTRY_COMPARE(counter.count, 1);
-        face.setState(u"MUTE"_s, u"1"_s, false);
+        PaintCount solo;
+        PaintCount mute;
+        panel.button(0)->installEventFilter(&solo);
+        panel.button(1)->installEventFilter(&mute);
+        panel.face->setState(u"MUTE"_s, u"1"_s, false);
+        QTRY_COMPARE(mute.count, 1);
+        panel.face->setState(u"MUTE"_s, u"1"_s, false);
         QTest::qWait(20);
-        QCOMPARE(counter.count, 1);
+        QCOMPARE(mute.count, 1);
+        QCOMPARE(solo.count, 0);
+    }
+
+    void glowIsOffAtFirst()
+    {
+        PushButtonS1M15 button;
+        const auto* shadow = qobject_cast<QGraphicsDropShadowEffect*>(button.graphicsEffect());
+        QVERIFY(shadow && !shadow->isEnabled() && shadow->offset().isNull());
+        button.setShadowEnabled(true);
+        QVERIFY(shadow->isEnabled());
     }
 };
 

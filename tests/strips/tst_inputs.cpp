@@ -1,5 +1,5 @@
 #include "InputBench.h"
-#include "controls/PushButtonGroupS1M11.h"
+#include "controls/PushButtonGroups.h"
 #include "processing/AutoGainS1M1.h"
 
 #include <QLineEdit>
