@@ -202,6 +202,9 @@ void PanelCore::layout()
 
 void PanelCore::fitFont()
 {
+    if (mButtons.front()->captionSize().isEmpty()) {
+        return; // not laid out yet
+    }
     const QRect plate = mButtons.front()->rect();
     const GlobalFont& fonts = GlobalFont::instance();
     const int fitted = count() == 2 ? fonts.pointSizeForHeight(mFont, plate.height())

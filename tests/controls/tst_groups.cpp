@@ -193,11 +193,13 @@ private slots:
             if (panel.row(i).exclusive) {
                 continue;
             }
-            const bool timed = panel.row(i).mouseEvents;
-            QTest::mouseClick(panel.button(i), timed ? Qt::NoButton : Qt::LeftButton);
-            QCOMPARE(panel.told(), timed ? QString() : panel.name(i) + " 1"_L1);
+            if (!panel.row(i).mouseEvents) {
+                QTest::mouseClick(panel.button(i), Qt::LeftButton);
+                QCOMPARE(panel.told(), panel.name(i) + " 1"_L1);
+            }
+            const auto after = panel.isOn(i) ? " 0"_L1 : " 1"_L1;
             QTest::keyClick(panel.button(i), Qt::Key_Space);
-            QCOMPARE(panel.told(), panel.name(i) + (timed ? " 1"_L1 : " 0"_L1));
+            QCOMPARE(panel.told(), panel.name(i) + after);
         }
     }
 
@@ -205,7 +207,6 @@ private slots:
     void setHoldsExactlyOne()
     {
         FETCH_PANEL(panel);
-        const int others = panel.count() - 3;
         for (int i = 3; i < panel.count(); ++i) {
             panel.face->setState(panel.name(i), u"1"_s, false);
         }
@@ -230,7 +231,6 @@ private slots:
         for (int i = 3; i < panel.count(); ++i) {
             QVERIFY(panel.isOn(i));
         }
-        QCOMPARE(others, panel.count() - 3);
     }
 
     /// Every button that tells them apart, under every kind of click; all at once, since each waits.
@@ -392,7 +392,8 @@ private slots:
     {
         PushButtonS1M15 button;
         const auto* shadow = qobject_cast<QGraphicsDropShadowEffect*>(button.graphicsEffect());
-        QVERIFY(shadow && !shadow->isEnabled() && shadow->offset().isNull());
+        QVERIFY(shadow);
+        QVERIFY(!shadow->isEnabled() && shadow->offset().isNull());
         button.setShadowEnabled(true);
         QVERIFY(shadow->isEnabled());
     }
