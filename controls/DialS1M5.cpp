@@ -13,7 +13,8 @@
 using namespace Qt::StringLiterals;
 
 DialS1M5::DialS1M5(QWidget* parent)
-    : QWidget(parent), mCore(this, mLaw, quillon::kPictureDial, [this](float value) { emit valueChanged(value); })
+    : QWidget(parent),
+      PlainDialFace(this, quillon::PlainDialLaw(), quillon::kPictureDial, [this](float value) { emit valueChanged(value); })
 {
     mLineEdit = quillon::makeValueEditor(this, quillon::DialColors().text);
     mLineEdit->hide();
@@ -25,44 +26,21 @@ DialS1M5::~DialS1M5()
     mLineEdit->disconnect(this); // an editor that goes down with the focus still reports what was typed
 }
 
-void DialS1M5::setValue(float value)
-{
-    if (mLaw.setValue(value))
-        mCore.refresh();
-}
-
-void DialS1M5::setDefault(float value)
-{
-    mLaw.setDefault(value);
-}
-
-void DialS1M5::setRange(float min, float max)
-{
-    mLaw.setRange(min, max);
-    update();
-}
-
 void DialS1M5::setValueList(const QList<float>& list)
 {
     mLaw.setValueList(list);
-    update();
+    mCore.refresh();
 }
 
 void DialS1M5::setMode(int mode)
 {
     mLaw.setMode(mode);
-    update();
+    mCore.refresh();
 }
 
 void DialS1M5::setFitText(const QString& text)
 {
     mCore.setFitText(text);
-}
-
-void DialS1M5::setPrecision(int decimals)
-{
-    mLaw.setPrecision(decimals);
-    update();
 }
 
 void DialS1M5::setDragStep(float step)
@@ -78,49 +56,6 @@ void DialS1M5::setKeyStep(float step)
 void DialS1M5::setWheelStep(float step)
 {
     mLaw.setWheelStep(step);
-}
-
-void DialS1M5::setCentreArc(bool on)
-{
-    mCore.setCentreArc(on);
-}
-
-void DialS1M5::setArcVisible(bool visible)
-{
-    mCore.setArcVisible(visible);
-}
-
-void DialS1M5::setTextVisible(bool visible)
-{
-    mCore.setTextVisible(visible);
-}
-
-void DialS1M5::setSignShown(bool shown)
-{
-    mLaw.format.signShown = shown;
-    update();
-}
-
-void DialS1M5::setPlusInfinity(bool on)
-{
-    mLaw.format.plusInfinity = on;
-    update();
-}
-
-void DialS1M5::setMinusInfinity(bool on)
-{
-    mLaw.format.minusInfinity = on;
-    update();
-}
-
-void DialS1M5::setFont(const QFont& font)
-{
-    mCore.setFont(font);
-}
-
-void DialS1M5::setBackground(const QColor& color)
-{
-    mBackground = color;
 }
 
 void DialS1M5::setEditEnabled(bool enabled)

@@ -120,11 +120,11 @@ bool DialCore::key(int key)
     switch (key) {
     case Qt::Key_Up:
     case Qt::Key_Right:
-        moved(mLaw.stepKey(1));
-        return true;
     case Qt::Key_Down:
     case Qt::Key_Left:
-        moved(mLaw.stepKey(-1));
+        if (mLaw.everyKeyPaints())
+            mHost->update();
+        moved(mLaw.stepKey(key == Qt::Key_Up || key == Qt::Key_Right ? 1 : -1));
         return true;
     default:
         return false;
@@ -191,7 +191,7 @@ void DialCore::relayout()
 {
     mLayout = mLook.layout(mHost->size());
     mTextFont = mFont;
-    mTextFont.setPointSize(std::max(1, mLook.pointSize(mFont, mFitText, mLayout)));
+    mTextFont.setPointSize(std::max(1, mLook.pointSize(GlobalFont::instance().pointSizeForRect(mFont, mFitText, mLayout.text))));
     mHost->update();
 }
 
@@ -207,7 +207,7 @@ void DialCore::paint()
     frame.enabled = mHost->isEnabled();
     frame.focused = mFocusMark.isShown();
     QPainter painter(mHost);
-    mLook.paint(painter, mLayout, frame, mPictures);
+    paintDial(painter, mLook, mLayout, frame, mPictures);
 }
 
 QString DialCore::accessibleKind() const

@@ -68,7 +68,7 @@ bool DialLaw::store(float value)
     return true;
 }
 
-PlainDialLaw::PlainDialLaw()
+PlainDialLaw::PlainDialLaw(PlainRules rules) : mRules(rules)
 {
     mValue = 25;
     mDefault = 25;
@@ -83,7 +83,7 @@ double PlainDialLaw::angle() const
 
 QString PlainDialLaw::text() const
 {
-    QString shown = truncatedText(mValue, mPrecision);
+    QString shown = mRules.rounds ? QString::number(double(mValue), 'f', mPrecision) : truncatedText(mValue, mPrecision);
     if (format.signShown && mValue > 0)
         shown.prepend(u'+');
     return withInfinities(shown, mMin, mMax, format);
@@ -96,7 +96,7 @@ ValueControl::Range PlainDialLaw::range() const
 
 bool PlainDialLaw::setValue(float value)
 {
-    if (std::isnan(value))
+    if (std::isnan(value) || (!mRules.clamps && (value < mMin || value > mMax)))
         return false;
     value = std::min(std::max(value, mMin), mMax);
     if (!isList())
@@ -148,7 +148,7 @@ bool PlainDialLaw::assign(double value)
         return false;
     if (isList())
         return moveToIndex(double(nearestIndex(mList, float(value), 0)));
-    return setValue(mMin + std::round((float(value) - mMin) / mKeyStep) * mKeyStep);
+    return setValue(std::clamp(mMin + std::round((float(value) - mMin) / mKeyStep) * mKeyStep, mMin, mMax));
 }
 
 void PlainDialLaw::setRange(float min, float max)

@@ -59,6 +59,8 @@ public:
     /// The nearest value that the hand could reach.
     virtual bool assign(double value) = 0;
     bool reset();
+    /// Whether a key paints the dial even where it changes nothing.
+    virtual bool everyKeyPaints() const { return false; }
 
     ValueText format;
 
@@ -71,18 +73,26 @@ protected:
     int mPixelsPerStep = 5;
 };
 
+/// Where the plain dials differ.
+struct PlainRules {
+    bool clamps = true;  // a value outside the range goes to its end; else it is ignored
+    bool rounds = false; // the text; else it is cut
+    bool everyKeyPaints = false;
+};
+
 /// Plain steps between two bounds, or the entries of a list.
 class PlainDialLaw final : public DialLaw
 {
 public:
     enum Mode { Continuous = 0, List = 1 };
 
-    PlainDialLaw();
+    explicit PlainDialLaw(PlainRules rules = {});
 
     double angle() const override;
     QString text() const override;
     ValueControl::Range range() const override;
-    /// Clamped; in a list the pointer goes to the nearest entry and the value stays as told. What is no number is ignored.
+    /// Clamped or ignored outside the range; in a list the pointer goes to the nearest entry and the value stays as told. What is
+    /// no number is ignored.
     bool setValue(float value) override;
     void setDefault(float value) override;
     void beginDrag() override;
@@ -90,6 +100,7 @@ public:
     bool stepKey(int direction) override { return stepBy(direction * double(mKeyStep)); }
     bool stepWheel(int notches) override { return stepBy(notches * double(mWheelStep)); }
     bool assign(double value) override;
+    bool everyKeyPaints() const override { return mRules.everyKeyPaints; }
 
     /// Ignored if min is above max. A default outside becomes min; the value stays.
     void setRange(float min, float max);
@@ -112,6 +123,7 @@ private:
     bool stepBy(double way);
     bool moveToIndex(double index);
 
+    PlainRules mRules;
     int mMode = Continuous;
     QList<float> mList;
     int mIndex = 0;

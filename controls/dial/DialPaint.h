@@ -12,11 +12,15 @@ namespace quillon
 {
 
 struct DialLayout {
-    QRect dial; // the largest centred square
+    QRect square; // the largest centred square
+    QRect dial;   // what the hand can grasp, and what the arc runs along
     QRect text;
+    int pen = 0; // width of the arc, where it is not a picture
 };
 
 struct DialColors {
+    QColor disc{53, 53, 53};
+    QColor ring{46, 46, 46};
     QColor arc{67, 207, 124};
     QColor pointer{67, 207, 124};
     QColor text{67, 207, 124};
@@ -41,15 +45,33 @@ struct DialPictures {
     int pixels = -1; // edge in device pixels
 };
 
+/// The needle at the top of the sweep; shares of the dial's width or of the room that its text leaves.
+struct DialPointer {
+    double inset;
+    double top;
+    double width;
+    double length;
+};
+
 /// One of the looks of the family.
 struct DialLook {
     DialLayout (*layout)(QSize size);
-    int (*pointSize)(const QFont& font, const QString& sample, const DialLayout& layout);
-    void (*paint)(QPainter& painter, const DialLayout& layout, const DialFrame& frame, DialPictures& pictures);
-    const char16_t* sample;
+    /// Point size of the text out of the one that fits.
+    int (*pointSize)(int fitting);
+    void (*paintFace)(QPainter& painter, const DialLayout& layout, const DialFrame& frame, DialPictures& pictures);
+    void (*paintArc)(QPainter& painter, const DialLayout& layout, const DialFrame& frame, const DialPictures& pictures);
+    DialPointer pointer;
+    bool arcOverPointer;
+    const char16_t* sample; // has to fit into the text's place
 };
 
-/// A face, and a ring that is cut to the sector of the value.
+void paintDial(QPainter& painter, const DialLook& look, const DialLayout& layout, const DialFrame& frame, DialPictures& pictures);
+
+/// A filled circle with a thin arc along its edge.
+extern const DialLook kDiscDial;
+/// A ring around an inner disc; the arc fills the ring.
+extern const DialLook kRingDial;
+/// A face, and a ring that is cut to the sector of the value. It always shows its arc.
 extern const DialLook kPictureDial;
 
 } // namespace quillon

@@ -79,6 +79,9 @@ private slots:
             law.setValue(value);
             QCOMPARE(law.text(), text);
         }
+        PlainDialLaw rounding({.clamps = false, .rounds = true});
+        rounding.setValue(24.6F);
+        QCOMPARE(rounding.text(), u"25"_s);
     }
 
     void nearestInList()

@@ -1,4 +1,8 @@
 #include "controls/Accessibility.h"
+#include "controls/DialS1M1.h"
+#include "controls/DialS1M2.h"
+#include "controls/DialS1M3.h"
+#include "controls/DialS1M4.h"
 #include "controls/DialS1M5.h"
 #include "controls/DialS1M6.h"
 #include "tests/controls/Hands.h"
@@ -8,6 +12,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <cmath>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -25,18 +30,27 @@ struct Dial {
     float min;
     float start; // a value in the middle of the finest steps
     float step;  // there
+    bool clamps; // else it ignores what is outside
 };
 
-template<typename T> Dial flatten(T* dial, float max, float min, float start, float step)
+template<typename T> Dial flatten(T* dial, bool clamps)
 {
-    return {dial,
-            [dial] { return dial->value(); },
-            [dial](float v) { dial->setValue(v); },
-            [dial](float v) { dial->setDefault(v); },
-            max,
-            min,
-            start,
-            step};
+    Dial flat{dial,
+              [dial] { return dial->value(); },
+              [dial](float v) { dial->setValue(v); },
+              [dial](float v) { dial->setDefault(v); },
+              88,
+              0,
+              26,
+              1,
+              clamps};
+    if constexpr (requires { dial->setLadder(9, -10, -52, -90); }) {
+        dial->setLadder(9, -10, -52, -90);
+        std::tie(flat.max, flat.min, flat.start, flat.step) = std::tuple(9.0F, -90.0F, 0.0F, 0.5F);
+    } else {
+        dial->setRange(0, 88);
+    }
+    return flat;
 }
 
 } // namespace
@@ -53,8 +67,20 @@ private:
     static void addMembers()
     {
         QTest::addColumn<int>("member");
-        QTest::newRow("S1M5") << 5;
-        QTest::newRow("S1M6") << 6;
+        for (int member = 1; member <= 6; ++member)
+            QTest::addRow("S1M%d", member) << member;
+    }
+
+    template<typename... Members> void make(int member)
+    {
+        int i = 0;
+        ((++i == member ? take(new Members(mWindow.get()), member != 1 && member != 3) : void()), ...);
+    }
+
+    template<typename T> void take(T* dial, bool clamps)
+    {
+        mDial = flatten(dial, clamps);
+        mChanges = std::make_unique<QSignalSpy>(dial, &T::valueChanged);
     }
 
     void build()
@@ -62,17 +88,7 @@ private:
         QFETCH(int, member);
         mWindow = std::make_unique<QWidget>();
         mWindow->resize(200, 200);
-        if (member == 5) {
-            auto* dial = new DialS1M5(mWindow.get());
-            mDial = flatten(dial, 88, 0, 26, 1);
-            dial->setRange(0, 88);
-            mChanges = std::make_unique<QSignalSpy>(dial, &DialS1M5::valueChanged);
-        } else {
-            auto* dial = new DialS1M6(mWindow.get());
-            mDial = flatten(dial, 9, -90, 0, 0.5F);
-            dial->setLadder(9, -10, -52, -90);
-            mChanges = std::make_unique<QSignalSpy>(dial, &DialS1M6::valueChanged);
-        }
+        make<DialS1M1, DialS1M2, DialS1M3, DialS1M4, DialS1M5, DialS1M6>(member);
         mDial.widget->setGeometry(20, 20, 100, 80);
         mWindow->show();
         mWindow->activateWindow();
@@ -91,9 +107,10 @@ private slots:
     {
         build();
         mDial.setValue(1000);
-        QCOMPARE(mDial.value(), mDial.max);
+        QCOMPARE(mDial.value(), mDial.clamps ? mDial.max : mDial.start);
         mDial.setValue(-INFINITY);
-        QCOMPARE(mDial.value(), mDial.min);
+        QCOMPARE(mDial.value(), mDial.clamps ? mDial.min : mDial.start);
+        mDial.setValue(mDial.min);
         mDial.setValue(NAN);
         QCOMPARE(mDial.value(), mDial.min);
         mDial.setDefault(mDial.max + 1);
