@@ -136,6 +136,7 @@ private slots:
         FETCH_PANEL(panel);
         const QMetaObject* meta = panel.face->metaObject();
         QVERIFY(QByteArray(meta->className()).endsWith(panel.shape.member));
+        QCOMPARE(panel.face->minimumSize(), QSize(panel.shape.width, panel.shape.height));
         const QMetaEnum ids = meta->enumerator(meta->indexOfEnumerator("ButtonID"));
         QCOMPARE(ids.keyCount(), group ? 0 : panel.count());
         for (int i = 0; i < panel.count(); ++i) {
