@@ -230,7 +230,7 @@ int MessageBoxWidget::fittedPoints() const
     const int letters = int(height() * kLetterHeight);
     std::vector<std::pair<QString, QSize>> texts;
     for (const quillon::BoxLine& line : mTable.lines) {
-        const int mark = line.kind == BoxLineKind::Choice ? letters * 5 / 4 : 0;
+        const int mark = line.kind == BoxLineKind::Choice ? letters * 7 / 4 : 0;
         if (line.text.english)
             texts.emplace_back(line.text.in(mChinese), QSize(int(width() * kTextWidth) - mark, height()));
     }

@@ -49,6 +49,7 @@ ToolButtonS1M1::ToolButtonS1M1(QWidget* parent)
     mToolButton->setMenu(mMenu);
     setFocusProxy(mToolButton);
     setTextColour(QColor(216, 216, 216));
+    connect(mMenu, &QMenu::aboutToShow, this, &ToolButtonS1M1::dressMenu);
     connect(mMenu, &QMenu::triggered, this, &ToolButtonS1M1::in_mMenu_triggered);
 }
 
@@ -139,6 +140,10 @@ void ToolButtonS1M1::refit()
     const QRect room(0, 0, mToolButton->textRoom().width(), int(height() * 0.85));
     fitted.setPixelSize(GlobalFont::instance().pixelSizeForRect(mFont, mCurrentItem, room));
     mToolButton->setFont(fitted);
+}
+
+void ToolButtonS1M1::dressMenu()
+{
     const int pixels = std::max(kLeastMenuLetters, GlobalFont::instance().pixelSizeForHeight(mFont, int(height() * 0.8)));
     if (pixels == mSheetPixels)
         return; // a style sheet is parsed and applied anew at each call

@@ -45,6 +45,7 @@ private slots:
 private:
     QMenu* section(QMenu* parent, const QString& text);
     void refit();
+    void dressMenu();
 
     QMenu* mMenu;
     quillon::FlatToolButton* mToolButton;

@@ -104,13 +104,14 @@ void FlatToolButton::focusOutEvent(QFocusEvent* event)
 
 QString darkMenuSheet(double letterPixels, const QColor& background)
 {
-    const int sign = int(letterPixels * 0.8); // tick and arrow
+    const int sign = int(letterPixels * 0.9); // tick and arrow
     return u"QMenu { background: %1; border: 1px solid rgb(172,172,172); padding: 10px; border-radius: 1px; color: white;"
            " font-size: %2px; }"
            "QMenu::item { padding: 4px %4px 4px %4px; background: transparent; }"
            "QMenu::item:selected { background: rgb(60, 60, 60); color: rgb(67, 207, 124); }"
            "QMenu::item:disabled { color: rgb(110, 110, 110); }"
-           "QMenu::indicator, QMenu::right-arrow { width: %3px; height: %3px; left: 5px; }"
+           "QMenu::indicator { width: %3px; height: %3px; left: 5px; }"
+           "QMenu::right-arrow { width: %3px; height: %3px; image: url(:/Icon/pullRight.png); }"
            "QMenu::indicator:checked { image: url(:/Icon/tick.png); }"
            "QLabel { color: white; font-size: %2px; background: transparent; }"
            "QLabel:disabled { color: rgb(110, 110, 110); }"_s.arg(background.name(), QString::number(letterPixels, 'g', 6))

@@ -2,6 +2,7 @@
 
 #include "controls/Accessibility.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QWidget>
 
@@ -25,7 +26,7 @@ public:
             return mHost.pickerText();
         case QAccessible::Description:
             if (widget()->accessibleDescription().isEmpty())
-                return mHost.pickerText();
+                return mHost.pickerText() == text(QAccessible::Name) ? QString() : mHost.pickerText();
             break;
         default:
             break;
@@ -36,6 +37,10 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
+        if (const auto* button = qobject_cast<QAbstractButton*>(widget())) {
+            state.checkable = button->isCheckable();
+            state.checked = button->isChecked();
+        }
         state.hasPopup = true;
         state.expandable = true;
         state.expanded = mHost.isPickerOpen();

@@ -1,3 +1,3 @@
-quillon_test(tst_smallcontrols
-    SOURCES ${CMAKE_CURRENT_LIST_DIR}/tst_smallcontrols.cpp
-    LIBS quillon_controls)
+foreach(what boxes smallcontrols)
+    quillon_test(tst_${what} SOURCES ${CMAKE_CURRENT_LIST_DIR}/tst_${what}.cpp LIBS quillon_controls quillon_resources)
+endforeach()

@@ -1,9 +1,11 @@
+#include "controls/BatteryS1M1.h"
 #include "controls/ButtonBoxS1M1.h"
 #include "controls/CircleS1M1.h"
 #include "tests/controls/Hands.h"
 
 #include <QAccessible>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -37,6 +39,20 @@ void leave(QWidget& widget)
 {
     QEvent event(QEvent::Leave);
     QCoreApplication::sendEvent(&widget, &event);
+}
+
+/// What a strategy leaves in the middle row of a rectangle 100 wide: 1 for lit, 0 for dark.
+QString row(BatteryDrawStrategy& strategy, int level, bool charging)
+{
+    QImage image(100, 10, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    strategy.drawBattery(painter, image.rect(), level, 10, charging, {});
+    painter.end();
+    QString lit;
+    for (int x = 5; x < 100; x += 10)
+        lit += image.pixelColor(x, 5) == QColor(Qt::black) ? u'0' : u'1';
+    return lit;
 }
 
 } // namespace
@@ -113,6 +129,83 @@ private slots:
         QCOMPARE(face->text(QAccessible::Value), u"9 Second"_s);
         circle.setMode(CircleS1M1::Failed);
         QCOMPARE(face->text(QAccessible::Value), u"Error"_s);
+    }
+
+    void batteryFrameTellsALowCharge()
+    {
+        BatteryS1M1 battery;
+        battery.resize(180, 100);
+        const QColor normal(229, 229, 229);
+        const struct {
+            int level;
+            bool charging;
+            QColor frame;
+        } rows[] = {{100, false, normal}, {11, false, normal}, {10, false, Qt::yellow}, {6, false, Qt::yellow},
+                    {5, false, Qt::red},  {0, false, Qt::red}, {5, true, normal}};
+        for (const auto& row : rows) {
+            battery.setLevel(row.level);
+            battery.setCharging(row.charging);
+            QCOMPARE(battery.grab().toImage().pixelColor(80, 6), row.frame);
+        }
+    }
+
+    void batteryRests()
+    {
+        BatteryS1M1 battery;
+        PaintCount paints;
+        battery.installEventFilter(&paints);
+        battery.resize(90, 50);
+        battery.setCharging(true);
+        auto* strategy = new SegmentedBlinkStrategy(nullptr, 4, 0.05, 20);
+        battery.setDrawStrategy(strategy);
+        QVERIFY(!strategy->isAnimated()); // nobody sees it
+        battery.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&battery));
+        paints.count = 0;
+        QTRY_VERIFY(paints.count > 2);
+        battery.setCharging(false);
+        QCoreApplication::processEvents();
+        paints.count = 0;
+        battery.setLevel(100);
+        QTest::qWait(60);
+        QCOMPARE(paints.count, 0);
+        battery.setLevel(99);
+        QTRY_COMPARE(paints.count, 1);
+        battery.setCharging(true);
+        battery.hide();
+        QVERIFY(!strategy->isAnimated());
+        QPointer<BatteryDrawStrategy> old(strategy);
+        battery.setDrawStrategy(new ContinuousDrawStrategy);
+        QVERIFY(!old);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&battery)->text(QAccessible::Value), u"99%, charging"_s);
+    }
+
+    void batteryFillFollowsTheLevel()
+    {
+        ContinuousDrawStrategy bar;
+        QCOMPARE(row(bar, 0, false), u"0000000000"_s);
+        QCOMPARE(row(bar, 30, false), u"1110000000"_s);
+        QCOMPARE(row(bar, 130, false), u"1111111111"_s);
+        bar.startAnimation(); // from the level shown last, up, and round
+        QCOMPARE(row(bar, 20, true), u"1111111111"_s);
+        QTRY_COMPARE(row(bar, 20, true), u"0000000000"_s);
+        QTRY_COMPARE(row(bar, 20, true), u"1000000000"_s);
+
+        // Five segments; the active one is lit as well, and blinks while charging.
+        SegmentedBlinkStrategy steps(nullptr, 5, 0, 20);
+        const struct {
+            int level;
+            bool charging;
+            QString lit;
+        } rows[] = {{-1, true, u"0000000000"_s},  {0, false, u"0000000000"_s},  {10, false, u"0000000000"_s},
+                    {11, false, u"1100000000"_s}, {5, true, u"1100000000"_s},   {15, true, u"1111000000"_s},
+                    {20, false, u"1111000000"_s}, {79, false, u"1111111100"_s}, {100, true, u"1111111111"_s},
+                    {101, false, u"1111111111"_s}};
+        for (const auto& expected : rows)
+            QCOMPARE(row(steps, expected.level, expected.charging), expected.lit);
+        steps.startAnimation();
+        QTRY_COMPARE(row(steps, 5, true), u"0000000000"_s);
+        QCOMPARE(row(steps, 100, true), u"1111111111"_s); // full does not blink
     }
 
     void boxKeepsItsOrder()
