@@ -13,7 +13,8 @@ QLineEdit* makeValueEditor(QWidget* control, const QColor& color)
     editor->setContextMenuPolicy(Qt::NoContextMenu);
     editor->setAlignment(Qt::AlignCenter);
     editor->setStyleSheet(u"QLineEdit {   color: rgb(%1, %2, %3);   background-color: transparent;   border: none;   padding: 0px;"
-                          "   selection-color: #161616;   selection-background-color: rgb(%1, %2, %3);}"_s.arg(color.red())
+                          "   selection-color: #161616;   selection-background-color: rgb(%1, %2, %3);}"
+                          "QLineEdit:disabled {   color: rgba(%1, %2, %3, 40%);}"_s.arg(color.red())
                               .arg(color.green())
                               .arg(color.blue()));
     editor->installEventFilter(control);

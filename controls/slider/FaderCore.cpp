@@ -30,7 +30,7 @@ FaderLayout layoutVertical(QSize size, const FaderRatio& ratio, const QFont&)
     const int text = size.height() * ratio.text / 100;
     const int top = text + size.height() * ratio.space / 100;
     const int height = std::min(size.height() * ratio.slider / 100, size.height() - top);
-    const int width = std::min(size.width(), std::max(10, int(size.height() / 10 * 1.2)));
+    const int width = std::min(size.width(), std::max(10, size.height() * 12 / 100));
     return {QRect(0, 0, size.width(), text), QRect((size.width() - width) / 2, top, width, std::max(0, height))};
 }
 
