@@ -70,7 +70,8 @@ void PanelCore::addButton(int index)
     button->setCheckable(true);
     button->setAutoExclusive(row.exclusive);
     mExclusive |= row.exclusive ? 1u << index : 0u;
-    connect(button, &QPushButton::clicked, this, [this, index](bool checked) { buttonClicked(index, checked); });
+    // Not clicked(): assistive technology toggles a button without a click.
+    connect(button, &QPushButton::toggled, this, [this, index](bool checked) { buttonToggled(index, checked); });
     if (row.mouseEvents) {
         mClicks.watch(button);
     }
@@ -138,9 +139,9 @@ QString PanelCore::getState(const QString& button) const
     return {};
 }
 
-void PanelCore::buttonClicked(int index, bool checked)
+void PanelCore::buttonToggled(int index, bool checked)
 {
-    // The selected one of a set stays as it is under a click, and there is nothing to tell.
+    // Switched from here, and known already.
     if (isOn(index) != checked) {
         setOn(index, checked, true);
     }

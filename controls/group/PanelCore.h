@@ -51,7 +51,7 @@ private:
     void addIcon(int index);
     int count() const { return int(mButtons.size()); }
     bool switchTo(int index, bool on);
-    void buttonClicked(int index, bool checked);
+    void buttonToggled(int index, bool checked);
     void fitFont();
     void nameButtons();
 

@@ -198,6 +198,10 @@ private slots:
                 QTest::mouseClick(panel.button(i), Qt::LeftButton);
                 QCOMPARE(panel.told(), panel.name(i) + " 1"_L1);
             }
+            QAccessible::queryAccessibleInterface(panel.button(i))
+                ->actionInterface()
+                ->doAction(QAccessibleActionInterface::toggleAction());
+            QCOMPARE(panel.told(), panel.name(i) + (panel.row(i).mouseEvents ? " 1"_L1 : " 0"_L1));
             const auto after = panel.isOn(i) ? " 0"_L1 : " 1"_L1;
             QTest::keyClick(panel.button(i), Qt::Key_Space);
             QCOMPARE(panel.told(), panel.name(i) + after);
