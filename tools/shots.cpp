@@ -1,4 +1,4 @@
-// Pictures of the connection pages and the console, in both languages and three scales, as they stand: shots FOLDER.
+// Pictures of the connection pages, the console and all controls, in both languages and three scales, as they stand: shots FOLDER.
 // Everything is the program's own; the levels and front-panel changes are frames, as a device would send them.
 
 #include "app/AppSettingsSubject.h"
@@ -8,6 +8,7 @@
 #include "connect/DeviceConnectorViewBase.h"
 #include "console/MainWindow_R47.h"
 #include "device/USBAudioAPI.h"
+#include "gallery/GalleryWindow.h"
 #include "resources/Resources.h"
 
 #include <QApplication>
@@ -31,8 +32,13 @@ struct Shooter {
     {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
+        save(window.grab(), name);
+    }
+
+    void save(const QPixmap& picture, const QString& name)
+    {
         const QString file = u"%1-%2-%3.png"_s.arg(name, language == u"Chinese"_s ? u"zh"_s : u"en"_s).arg(scale, 0, 'f', 1);
-        if (!window.grab().save(folder.filePath(file))) {
+        if (!picture.save(folder.filePath(file))) {
             std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
             ++failures;
         }
@@ -86,6 +92,24 @@ void shootConsole(Shooter& shooter)
     shooter.take(window, u"recovery"_s);
 }
 
+void shootGallery(Shooter& shooter)
+{
+    using namespace quillon::gallery;
+    GalleryWindow window({shooter.language, shooter.scale});
+    window.show();
+    window.activateWindow();
+    int index = 0;
+    for (const Family& family : kFamilies) {
+        window.setPage(index);
+        GalleryPage* page = window.page(index++);
+        for (int frame = 0; frame < 60; ++frame) {
+            page->feed(levelsAt(frame / 30.0));
+        }
+        QCoreApplication::processEvents();
+        shooter.save(page->picture(), u"gallery-%1"_s.arg(QLatin1StringView(family.file)));
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -113,6 +137,7 @@ int main(int argc, char** argv)
             Shooter shooter{folder, language, scale};
             shootConnection(shooter);
             shootConsole(shooter);
+            shootGallery(shooter);
             failures += shooter.failures;
         }
     }
