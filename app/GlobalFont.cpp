@@ -65,7 +65,7 @@ GlobalFont& GlobalFont::instance()
     return font;
 }
 
-bool GlobalFont::load(const QStringList& paths)
+int GlobalFont::addFaces(const QStringList& paths)
 {
     int first = -1;
     for (const QString& path : paths) {
@@ -76,6 +76,12 @@ bool GlobalFont::load(const QStringList& paths)
             first = id;
         }
     }
+    return first;
+}
+
+bool GlobalFont::load(const QStringList& paths)
+{
+    const int first = addFaces(paths);
     const QStringList families = first == -1 ? QStringList() : QFontDatabase::applicationFontFamilies(first);
     if (families.isEmpty()) {
         qWarning("GlobalFont::load // failed to load font");
@@ -84,6 +90,8 @@ bool GlobalFont::load(const QStringList& paths)
     mFont.setFamily(families.value(first, families.first()));
     mFont.setWeight(QFont::Bold);
     mFont.setPixelSize(16);
+    // Fixed, so that text looks the same before and after the fonts of the system are known, whose settings would decide it.
+    mFont.setHintingPreference(QFont::PreferVerticalHinting);
     mMeasures.clear();
     return true;
 }

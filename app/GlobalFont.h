@@ -17,6 +17,8 @@ public:
 
     /// Adds the faces and takes the first one's family, weight 700, 16 pixels. False when none could be added.
     bool load(const QStringList& paths);
+    /// Adds faces beside the one in use. The id of the first one added, -1 when there was none.
+    int addFaces(const QStringList& paths);
     QFont font() const;
 
     QString longerText(const QString& a, const QString& b) const;

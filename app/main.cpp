@@ -1,5 +1,5 @@
 #include "app/AppSettingsSubject.h"
-#include "app/GlobalFont.h"
+#include "app/FontStart.h"
 #include "app/LogHandler.h"
 #include "app/ScreenFit.h"
 #include "app/Termination.h"
@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv)
 {
+    quillon::FontStart fonts;
     QApplication application(argc, argv);
     // The console closes into the background; leaving is the user's own act.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -27,7 +28,7 @@ int main(int argc, char** argv)
     quillon::enterWorkingFolder();
     quillon::installLogHandler();
     quillon::initResources();
-    GlobalFont::instance().load(quillon::applicationFontPaths());
+    fonts.load();
     quillon::installControlAccessibility();
     AppSettingsSubject::instance().init();
     quillon::applyScreenFit();
@@ -41,6 +42,7 @@ int main(int argc, char** argv)
     {
         DeviceConnector connector;
         connector.showSeries(u"Vantor"_s, {{u"R47"_s, {u"0x152A"_s, u"0x875C"_s}}});
+        fonts.completeAfter(connector);
         result = QApplication::exec();
         // The console's device closes its channel only when the connector goes, after the library was left.
         USBHIDAPI::instance().exit();

@@ -1,6 +1,7 @@
 #include "connect/DeviceConnector.h"
 
 #include "app/AppSettingsSubject.h"
+#include "app/FirstPicture.h"
 #include "app/GlobalFont.h"
 #include "connect/DeviceConnectorViewS1M1.h"
 #include "connect/Registry.h"
@@ -47,7 +48,6 @@ DeviceConnector::~DeviceConnector()
 void DeviceConnector::registerSeries()
 {
     registerView(u"Vantor"_s, [](DeviceConnector* connector) -> DeviceConnectorViewBase* {
-        connector->setWindowIcon(QIcon(u":/Icon/Vantor.ico"_s));
         connector->setWindowTitle(u"Quillon"_s);
         connector->setResizable(false);
         connector->mBaseSize = kVantorSize;
@@ -82,6 +82,8 @@ void DeviceConnector::showSeries(const QString& series, const QHash<QString, QPa
     USBAudioAPI::instance().setDevices(devices.values());
     openView(*creator);
     showAtScale();
+    // All its sizes are unpacked, which takes longer than the rest of the window.
+    afterFirstPicture(*this, [this] { setWindowIcon(QIcon(u":/Icon/Vantor.ico"_s)); });
 
     USBAudioAPI& driver = USBAudioAPI::instance();
     const int restPage = driver.apiVersion() != 0 && driver.checkApiVersion() ? PageNoDevice : PageDriverMissing;

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace
@@ -14,6 +15,8 @@ constexpr unsigned long kPollMs = 50;
 // A device that works takes a report within a few milliseconds; the kernel gives up on one that doesn't after five seconds.
 constexpr qint64 kStallMs = 1200;
 constexpr qint64 kDrainMs = 5000;
+// Values that change together come microseconds apart, while falling asleep and being woken costs both threads more than that.
+constexpr auto kLinger = std::chrono::microseconds(30);
 
 } // namespace
 
@@ -50,6 +53,7 @@ void Sender::enqueue(QByteArray bytes)
     {
         const std::lock_guard lock(mMutex);
         mQueue.append(std::move(bytes));
+        mWaiting.store(true, std::memory_order_relaxed);
     }
     // After the lock: a writer that wakes while it is held goes back to sleep for it, twice the way from a control to the device.
     mCondition.notify_one();
@@ -97,9 +101,21 @@ void Sender::run()
         do {
             batch.clear();
             takeAll(batch);
-        } while (writeAll(batch));
+            if (!writeAll(batch)) {
+                break;
+            }
+            linger();
+        } while (true);
     }
     mEnded.store(true);
+}
+
+/// Looks out for a report that follows at once.
+void Sender::linger() const
+{
+    const auto end = std::chrono::steady_clock::now() + kLinger;
+    while (!mWaiting.load(std::memory_order_relaxed) && std::chrono::steady_clock::now() < end) {
+    }
 }
 
 /// Waits for reports and takes all there are: one lock for a burst.
@@ -108,6 +124,7 @@ void Sender::takeAll(QList<QByteArray>& batch)
     std::unique_lock lock(mMutex);
     mCondition.wait(lock, [this] { return !mQueue.isEmpty(); });
     batch.swap(mQueue);
+    mWaiting.store(false, std::memory_order_relaxed);
 }
 
 /// False when the thread is to end. What stood behind the end goes back to the queue.

@@ -36,6 +36,7 @@ protected:
     void run() override;
 
 private:
+    void linger() const;
     void takeAll(QList<QByteArray>& batch);
     bool writeAll(QList<QByteArray>& batch);
     void putBack(QList<QByteArray>& batch, qsizetype from);
@@ -45,7 +46,8 @@ private:
     // Of the standard library, because the thread sanitizer sees these and not Qt's own.
     std::mutex mMutex;
     std::condition_variable mCondition;
-    std::atomic<quint64> mWritten = 0; // counts up, to tell a slow device from one that takes nothing
+    std::atomic<bool> mWaiting = false; // whether the queue holds anything; a hint to linger
+    std::atomic<quint64> mWritten = 0;  // counts up, to tell a slow device from one that takes nothing
     std::atomic<bool> mAbandoned = false;
     std::atomic<bool> mEnded = true; // the thread's last step, which orders what it did before what follows its end
     bool mFailed = false;            // guarded by mMutex
