@@ -41,7 +41,7 @@ protected:
         painter.setBrush(isDown() ? QColor(48, 48, 48) : QColor(22, 22, 22));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), width() * 0.04, width() * 0.04);
 
-        const QColor mark = lit ? QColor(222, 222, 222) : QColor(161, 161, 161);
+        const QColor mark = !isEnabled() ? QColor(84, 84, 84) : lit ? QColor(222, 222, 222) : QColor(161, 161, 161);
         const QPointF centre = QPointF(width() / 2.0, height() / 2.0 - unit * kButtonHeight / 2);
         const double arm = unit * 9;
         painter.setPen(QPen(mark, std::max(1.5, unit * 2), Qt::SolidLine, Qt::RoundCap));

@@ -35,7 +35,7 @@ Member circle()
 Member buttonBox()
 {
     const auto naming = [](ButtonBoxS1M1& box) { box.setNames({u"IN 1"_s, u"IN 2"_s, u"AUX"_s, u"BT"_s}); };
-    return member<ButtonBoxS1M1>("ButtonBoxS1M1", {110, 130},
+    return member<ButtonBoxS1M1>("ButtonBoxS1M1", {90, 220},
                                  {{{"Closed", "收起"}, naming}, {{"Opened", "展开"}, [naming](ButtonBoxS1M1& box) {
                                                                      naming(box);
                                                                      QMetaObject::invokeMethod(&box, "in_mButtonAddition_clicked");

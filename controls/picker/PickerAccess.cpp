@@ -17,6 +17,8 @@ class PickerAccessible final : public QAccessibleWidget
 public:
     PickerAccessible(QWidget* control, PickerHost& host) : QAccessibleWidget(control, host.pickerRole()), mHost(host) {}
 
+    QAccessible::Role role() const override { return mHost.pickerRole(); } // a button may become one that can be checked
+
     QString text(QAccessible::Text what) const override
     {
         switch (what) {
@@ -33,6 +35,12 @@ public:
         }
         return QAccessibleWidget::text(what);
     }
+
+    // One control: what it is made of inside is no control of its own.
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
     QAccessible::State state() const override
     {

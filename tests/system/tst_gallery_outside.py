@@ -83,11 +83,11 @@ class Gallery:
         assert code == 0, "the gallery ended with %d" % code
 
 
-def walk(node):
+def walk(node, depth=100):
     yield node
-    for child in node:
+    for child in node if depth else ():
         if child:
-            yield from walk(child)
+            yield from walk(child, depth - 1)
 
 
 def has(node, state):
@@ -132,11 +132,11 @@ def faults(node):
         yield told + " can do nothing"
 
 
-def showing_page(root, tab):
+def showing_page(tab, pages):
     """The page of a tab, once it is the one on the screen."""
     act(tab, "Press")
-    is_page = lambda node: node.name == tab.name and node.getRoleName() == "filler" and has(node, pyatspi.STATE_SHOWING)
-    return eventually("the page %s is shown" % tab.name, lambda: next((node for node in walk(root) if is_page(node)), None))
+    page = next(page for page in pages if page.name == tab.name)
+    return eventually("the page %s is shown" % tab.name, lambda: has(page, pyatspi.STATE_SHOWING) and page)
 
 
 def check_names(controls, nodes):
@@ -181,10 +181,11 @@ def inside(program):
     try:
         controls = gallery.controls()
         root = eventually("the gallery is on the bus", gallery.root)
-        tabs = [node for node in walk(root) if node.getRoleName() == "page tab"]
+        tabs = [node for node in walk(root, 5) if node.getRoleName() == "page tab"]
+        frames = [node for node in walk(root, 7) if node.name in [tab.name for tab in tabs] and node.getRoleName() == "filler"]
         pages = {}
         for tab in tabs:
-            page = showing_page(root, tab)
+            page = showing_page(tab, frames)
             pages[tab.name] = [node for node in walk(page) if node.getState().contains(pyatspi.STATE_SHOWING)]
         nodes = sum(pages.values(), [])
         found = list(check_names(controls, nodes)) + [fault for node in nodes for fault in faults(node)]
@@ -192,7 +193,7 @@ def inside(program):
             print(fault)
 
         def control(page, name, *roles):
-            showing_page(root, next(tab for tab in tabs if tab.name == page))
+            showing_page(next(tab for tab in tabs if tab.name == page), frames)
             return next(node for node in pages[page] if node.name == name and node.getRoleName() in roles)
 
         check_set(gallery, control("Dials", "DialS1M5 Middle", "dial"), 20, "DialS1M5 Middle: valueChanged(20)")
