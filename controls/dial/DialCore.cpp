@@ -139,8 +139,8 @@ void DialCore::moved(bool changed)
 
 void DialCore::notify()
 {
+    mChanged(mLaw.value()); // first: the way to the device is the one that somebody waits for
     refresh();
-    mChanged(mLaw.value());
 }
 
 void DialCore::refresh()
