@@ -213,13 +213,15 @@ private slots:
     {
         MenuS1M1 menu(nullptr, u"Presets"_s);
         menu.setObjectName(u"box"_s);
-        menu.addItem({u"User"_s, u"user"_s, true}, {{u"Never"_s, u"x"_s, true}});
+        menu.addItem({u"User"_s, u"user"_s, false}, {{u"Never"_s, u"x"_s, true}});
         menu.addItem({u"Other"_s, u"other"_s, false}, {{u"Load"_s, u"l"_s, true}});
+        QAccessible::queryAccessibleInterface(menu.item(u"user"_s)); // made while it could not be checked
         menu.addItem({u"User 1"_s, u"user"_s, true},
                      {{u"Load"_s, u"l"_s, true}, {u"Save"_s, u"s"_s, false}, {u"Erase"_s, u"e"_s, true}});
         QCOMPARE(menu.findChildren<QToolButton*>().size(), 2); // the name stood for the same button
         QCOMPARE(menu.item(u"user"_s)->text(), u"User 1"_s);
         QVERIFY(menu.item(u"user"_s)->isCheckable() && !menu.item(u"other"_s)->isCheckable());
+        QCOMPARE(QAccessible::queryAccessibleInterface(menu.item(u"user"_s))->role(), QAccessible::CheckBox);
         menu.resize(200, 160);
         menu.show();
         QVERIFY(QTest::qWaitForWindowExposed(&menu));
