@@ -80,7 +80,8 @@ bool ComboBoxS1M3::eventFilter(QObject* watched, QEvent* event)
 void ComboBoxS1M3::changeEvent(QEvent* event)
 {
     QComboBox::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange && lineEdit())
+    // A change of its palette ends in its line edit, which has one of its own.
+    if ((event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange) && lineEdit())
         dressLineEdit();
 }
 

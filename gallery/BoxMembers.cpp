@@ -39,8 +39,8 @@ Member frameless()
                                      }};
     };
     return member<FramelessWindow>("FramelessWindow", kSize,
-                                   {looking({"With title bar", "有标题栏"}, 0), looking({"Body only", "仅内容"}, 1)}, Touched::No,
-                                   [] { return inPage(new FramelessWindow); });
+                                   {looking({"With title bar", "有标题栏"}, 0), looking({"Body only", "仅内容"}, 1)}, {},
+                                   [](const Setting&) { return inPage(new FramelessWindow); });
 }
 
 Member lines()
@@ -55,7 +55,7 @@ Member lines()
               box.widget()->setButtonText(0, u"Yes"_s);
               box.widget()->setButtonText(1, u"No"_s);
           }}},
-        Touched::No, [] { return inPage(new MessageBoxS1M1); });
+        {}, [](const Setting&) { return inPage(new MessageBoxS1M1); });
 }
 
 Member choices()
@@ -70,7 +70,7 @@ Member choices()
               box.widget()->setButtonText(0, u"Yes"_s);
               box.widget()->setButtonText(1, u"No"_s);
           }}},
-        Touched::No, [] { return inPage(new MessageBoxS2M1); });
+        {}, [](const Setting&) { return inPage(new MessageBoxS2M1); });
 }
 
 /// A fixed body, by itself and in its window.
@@ -80,7 +80,7 @@ template<typename Body> Member body(const char* className)
         if constexpr (requires { it.setName({}); })
             it.setName(QString::fromLatin1(kWorkspace));
     };
-    return member<Body>(className, kSize, {{{"Question", "提问"}, told}}, Touched::ByKeyboard);
+    return member<Body>(className, kSize, {{{"Question", "提问"}, told}}, {Touch::Focus});
 }
 
 Member wrapper()
@@ -89,8 +89,11 @@ Member wrapper()
         // The window takes its name from its body.
         return Look<MessageBoxS3M1>{state, [](MessageBoxS3M1& box) { box.body()->setAccessibleName(box.objectName()); }};
     };
-    return member<MessageBoxS3M1>("MessageBoxS3M1", kSize, {around({"Around a body", "含内容"})}, Touched::No,
-                                  [] { return inPage(new MessageBoxS3M1(new MessageBoxWidget4)); });
+    return member<MessageBoxS3M1>("MessageBoxS3M1", kSize, {around({"Around a body", "含内容"})}, {}, [](const Setting& setting) {
+        auto* body = new MessageBoxWidget4;
+        body->setLanguage(setting.language);
+        return inPage(new MessageBoxS3M1(body));
+    });
 }
 
 } // namespace

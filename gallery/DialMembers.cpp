@@ -75,12 +75,12 @@ template<typename Dial> Member plain(const char* className)
                                 dial.setValueList({20, 40, 80, 160, 320, 640});
                                 dial.setValue(80);
                             }};
-    return member<Dial>(className, kSize, looks);
+    return member<Dial>(className, kSize, looks, {Touch::Focus, Touch::Disabled});
 }
 
 template<typename Dial> Member ladder(const char* className)
 {
-    return member<Dial>(className, kSize, ladderLooks<Dial>());
+    return member<Dial>(className, kSize, ladderLooks<Dial>(), {Touch::Focus, Touch::Disabled});
 }
 
 } // namespace

@@ -35,7 +35,7 @@ int scaled(int pixels, const Setting& setting)
 QLabel* newText(const QString& text, const QColor& color, int pixels, const Setting& setting)
 {
     auto* label = new QLabel(text);
-    QFont font = GlobalFont::instance().font();
+    QFont font = controlFont(setting);
     font.setPixelSize(scaled(pixels, setting));
     font.setWeight(QFont::Medium);
     label->setFont(font);
@@ -90,9 +90,11 @@ void touch(QWidget* control, Touch how)
 
 } // namespace
 
-QFont controlFont()
+QFont controlFont(const Setting& setting)
 {
-    return GlobalFont::instance().font();
+    QFont font = GlobalFont::instance().font();
+    font.setPixelSize(scaled(13, setting));
+    return font;
 }
 
 GalleryPage::GalleryPage(const Family& family, const Setting& setting, QWidget* parent)

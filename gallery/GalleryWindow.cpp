@@ -27,7 +27,7 @@ GalleryWindow::GalleryWindow(const Setting& setting, QWidget* parent)
     setWindowTitle(u"Quillon"_s);
     setAccessibleName(windowTitle());
     setPalette(galleryPalette());
-    setFont(controlFont());
+    setFont(controlFont({}));
     buildHead();
     buildPages();
     resize(1240, 860);

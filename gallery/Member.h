@@ -36,6 +36,12 @@ struct Levels {
 /// What a hand does to a control.
 enum class Touch { None, Hover, Focus, Disabled };
 
+constexpr Words touchWords(Touch touch)
+{
+    constexpr Words kWords[]{{"Normal", "普通"}, {"Hover", "悬停"}, {"Focus", "焦点"}, {"Disabled", "停用"}};
+    return kWords[static_cast<int>(touch)];
+}
+
 /// One control in one state.
 struct Exhibit {
     Words state;
@@ -85,25 +91,24 @@ template<typename Control> struct Look {
     Feed feed;
 };
 
-/// How a control is shown as touched by a hand as well, in its first look.
-enum class Touched { No, ByKeyboard, Yes };
+/// The font of the controls; most fit its size themselves.
+QFont controlFont(const Setting& setting);
 
-/// The font of the controls.
-QFont controlFont();
-
-/// A row of the gallery. Each control gets its name, language and font before its look prepares it.
+/// A row of the gallery. Each control gets its language and font before its look prepares it, and its name after that. Its first
+/// look is shown as touched by a hand as well.
 template<typename Control>
 Member member(
-    const char* className, QSize size, const QList<Look<Control>>& looks, Touched touched = Touched::Yes,
-    const std::function<Control*()>& build = [] { return new Control(nullptr); })
+    const char* className, QSize size, const QList<Look<Control>>& looks,
+    const QList<Touch>& touches = {Touch::Hover, Touch::Focus, Touch::Disabled},
+    const std::function<Control*(const Setting&)>& build = [](const Setting&) { return new Control(nullptr); })
 {
     Member row{className, size, {}};
     const auto add = [&row, &build](const Look<Control>& look, const Words& state, Touch touch) {
         Exhibit exhibit{state, touch, {}, {}};
         exhibit.make = [look, build](const Setting& setting, const QString& name) -> QWidget* {
-            Control* control = build();
+            Control* control = build(setting);
             control->setObjectName(name);
-            control->setFont(controlFont());
+            control->setFont(controlFont(setting));
             if constexpr (requires { control->setLanguage(setting.language); })
                 control->setLanguage(setting.language);
             if (look.prepare)
@@ -119,12 +124,8 @@ Member member(
     };
     for (const Look<Control>& look : looks)
         add(look, look.state, Touch::None);
-    if (touched == Touched::Yes)
-        add(looks.first(), {"Hover", "悬停"}, Touch::Hover);
-    if (touched != Touched::No)
-        add(looks.first(), {"Focus", "焦点"}, Touch::Focus);
-    if (touched == Touched::Yes)
-        add(looks.first(), {"Disabled", "停用"}, Touch::Disabled);
+    for (const Touch touch : touches)
+        add(looks.first(), touchWords(touch), touch);
     return row;
 }
 

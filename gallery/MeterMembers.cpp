@@ -1,5 +1,12 @@
 #include "controls/VolumeMeterS1M1.h"
 #include "controls/VolumeMeterS1M2.h"
+#include "controls/VolumeMeterS1M3.h"
+#include "controls/VolumeMeterS1M4.h"
+#include "controls/VolumeMeterS1M5.h"
+#include "controls/VolumeMeterS1M6.h"
+#include "controls/VolumeMeterS1M7.h"
+#include "controls/VolumeMeterS1M8.h"
+#include "controls/VolumeMeterS2M1.h"
 #include "gallery/Member.h"
 
 namespace quillon::gallery
@@ -36,15 +43,18 @@ template<typename Meter> Member meter(const char* className, QSize size)
         still<Meter>({"Middle", "中间"}, -240, -300), still<Meter>({"High", "高"}, -70, -110),
         still<Meter>({"Clip", "削波"}, 1, -5),
     };
-    if constexpr (requires(Meter & it) { it.setScaleLinesHidden(true); }) {
-        looks << still<Meter>({"No ticks", "无刻度线"}, -120, -180);
-        looks.last().prepare = [](Meter& it) { it.setScaleLinesHidden(true); };
-    }
+    const auto without = [&looks](const Words& state, void (*hide)(Meter&)) {
+        looks << still<Meter>(state, -120, -180);
+        looks.last().prepare = hide;
+    };
+    if constexpr (requires(Meter & it) { it.setScaleLinesHidden(true); })
+        without({"No ticks", "无刻度线"}, [](Meter& it) { it.setScaleLinesHidden(true); });
     if constexpr (requires(Meter & it) { it.setGainedHidden(true); }) {
-        looks << still<Meter>({"Origin only", "仅原始"}, -120, -180);
-        looks.last().prepare = [](Meter& it) { it.setGainedHidden(true); };
+        without({"Origin only", "仅原始"}, [](Meter& it) { it.setGainedHidden(true); });
+        without({"Gained only", "仅增益"}, [](Meter& it) { it.setOriginHidden(true); });
+        without({"No labels", "无刻度值"}, [](Meter& it) { it.setScaleLabelsHidden(true); });
     }
-    return member<Meter>(className, size, looks, Touched::No);
+    return member<Meter>(className, size, looks, {});
 }
 
 } // namespace
@@ -52,8 +62,11 @@ template<typename Meter> Member meter(const char* className, QSize size)
 QList<Member> meterMembers()
 {
     return {
-        meter<VolumeMeterS1M1>("VolumeMeterS1M1", {62, 190}),
-        meter<VolumeMeterS1M2>("VolumeMeterS1M2", {96, 190}),
+        meter<VolumeMeterS1M1>("VolumeMeterS1M1", {52, 220}), meter<VolumeMeterS1M2>("VolumeMeterS1M2", {100, 220}),
+        meter<VolumeMeterS1M3>("VolumeMeterS1M3", {78, 220}), meter<VolumeMeterS1M4>("VolumeMeterS1M4", {44, 220}),
+        meter<VolumeMeterS1M5>("VolumeMeterS1M5", {44, 220}), meter<VolumeMeterS1M6>("VolumeMeterS1M6", {52, 220}),
+        meter<VolumeMeterS1M7>("VolumeMeterS1M7", {72, 220}), meter<VolumeMeterS1M8>("VolumeMeterS1M8", {72, 220}),
+        meter<VolumeMeterS2M1>("VolumeMeterS2M1", {270, 66}),
     };
 }
 

@@ -18,7 +18,8 @@ Member balance()
     };
     return member<HSliderS1M1>("HSliderS1M1", {112, 48},
                                {at({"Centre", "居中"}, 100), at({"Left", "最左"}, 0), at({"Partly left", "偏左"}, 60),
-                                at({"Partly right", "偏右"}, 145), at({"Right", "最右"}, 200)});
+                                at({"Partly right", "偏右"}, 145), at({"Right", "最右"}, 200)},
+                               {Touch::Focus, Touch::Disabled});
 }
 
 /// The faders: -90 to 12 dB.
@@ -36,7 +37,8 @@ template<typename Fader> Member fader(const char* className, QSize size)
     };
     return member<Fader>(className, size,
                          {at({"Zero", "零"}, 0), at({"Minimum", "最小"}, -90), at({"Infinity", "无穷"}, -90, true),
-                          at({"Low", "低"}, -40), at({"High", "高"}, 6), at({"Maximum", "最大"}, 12)});
+                          at({"Low", "低"}, -40), at({"High", "高"}, 6), at({"Maximum", "最大"}, 12)},
+                         {Touch::Focus, Touch::Disabled});
 }
 
 } // namespace

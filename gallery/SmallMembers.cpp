@@ -29,7 +29,7 @@ Member circle()
                               {in({"Ready", "就绪"}, CircleS1M1::Ready), in({"Counting", "计时"}, CircleS1M1::Counting, 11),
                                in({"Nearly done", "将完成"}, CircleS1M1::Counting, 2), in({"Done", "完成"}, CircleS1M1::Done),
                                in({"Failed", "失败"}, CircleS1M1::Failed)},
-                              Touched::No);
+                              {});
 }
 
 Member buttonBox()
@@ -117,7 +117,7 @@ Member battery()
                                 at({"Low", "低"}, 9, false), at({"Critical", "极低"}, 5, false), at({"Charging", "充电"}, 40, true),
                                 at({"Segments", "分段"}, 60, false, 4), at({"Blinking", "闪烁"}, 60, true, 4),
                                 at({"Empty", "空"}, 0, false, 4)},
-                               Touched::No);
+                               {});
 }
 
 } // namespace
