@@ -45,15 +45,14 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QFont font = GlobalFont::instance().font();
         const quillon::MeterLayout layout = quillon::layoutMeter(size(), mShape, mShape.ratios);
-        font.setPointSize(GlobalFont::instance().pointSizeForWidth(font, mShape.sample.toString(), layout.scale.width()));
+        const QFont font = quillon::meterFont(GlobalFont::instance().font(), mShape, layout);
         quillon::MeterMoments moments;
         for (const quillon::MeterChannel& channel : mChannels) {
             moments.append({channel.level(), channel.hold(), channel.clip()});
         }
         QPainter painter(this);
-        quillon::paintMeter(painter, {&mShape, mShape.ratios, size(), font, false}, layout, moments);
+        quillon::paintMeter(painter, {&mShape, mShape.ratios, size(), font}, layout, moments);
     }
 
 private:

@@ -15,6 +15,14 @@ struct MeterReading {
 /// no level and gives nothing.
 std::optional<MeterReading> decodeMeter(int tenthsOfDb, int floorDb);
 
+struct GainedReading {
+    MeterReading origin;
+    MeterReading gained;
+};
+
+/// The same value as measured and after a gain in dB. A sum of 1 dB and more clips, whether or not the measured one does.
+std::optional<GainedReading> decodeGained(int tenthsOfDb, int gainDb, int floorDb);
+
 /// The law of one metered channel: level, peak number and clip latch. Knows no clock: whoever holds it runs the timers that it
 /// asks for and reports their ends.
 class MeterChannel

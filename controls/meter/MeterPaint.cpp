@@ -1,9 +1,12 @@
 #include "controls/meter/MeterPaint.h"
 
+#include "app/GlobalFont.h"
+
 #include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 namespace quillon
 {
@@ -34,7 +37,55 @@ void paintLamp(QPainter& painter, const MeterScene& scene, const QRect& lamp, bo
     painter.drawRoundedRect(QRectF(lamp).adjusted(edge, edge, -edge, -edge), radius, radius);
 }
 
+/// Centred in the scale, its baseline at the mark. One column of numbers serves all bars.
+void paintLabel(QPainter& painter, const MeterLayout& layout, const MeterMark& mark, const QFontMetrics& metrics)
+{
+    const QString label = mark.label.toString();
+    const float y = float(layout.lanes[0].bar.y()) + layout.pixelsPerDb(0) * float(mark.fromStartDb);
+    painter.drawText(QPointF(layout.scale.x() + (layout.scale.width() - metrics.horizontalAdvance(label)) / 2.0, y), label);
+}
+
+/// Centred at the mark, as far as the widget has room beside it.
+void paintLabelAcross(QPainter& painter, const MeterScene& scene, const MeterLayout& layout, const MeterMark& mark,
+                      const QFontMetrics& metrics)
+{
+    const QString label = mark.label.toString();
+    const int width = metrics.horizontalAdvance(label);
+    const float x = float(layout.scale.x()) + layout.pixelsPerDb(0) * float(mark.fromStartDb);
+    const double left = std::clamp(x - width / 2.0, 0.0, double(std::max(0, scene.size.width() - width)));
+    painter.drawText(QPointF(left, layout.scale.y() + (layout.scale.height() - metrics.height()) / 2.0 + metrics.ascent()), label);
+}
+
+/// A text row of no height has no number.
+bool hasNumber(const MeterScene& scene, const MeterLane& lane)
+{
+    return scene.shape->textRow && lane.text.height() > 0;
+}
+
+/// Of the corners.
+double barRadius(const MeterScene& scene, const MeterLayout& layout, const QRect& bar)
+{
+    return (layout.orientation == Qt::Vertical ? bar.width() : bar.height()) * scene.shape->barRadius;
+}
+
 } // namespace
+
+QFont meterFont(const QFont& font, const MeterShape& shape, const MeterLayout& layout)
+{
+    const GlobalFont& fonts = GlobalFont::instance();
+    const QString sample = shape.sample.toString();
+    const auto pointSize = [&] {
+        if (shape.orientation == Qt::Horizontal)
+            return std::max(1, fonts.pointSizeForRect(font, sample, layout.scale));
+        // On a broad and low scale the labels of the first marks, 6 dB apart, would run into each other.
+        constexpr int kLineDb = 8;
+        const QSize room(layout.scale.width(), int(layout.pixelsPerDb(0) * kLineDb));
+        return std::min(fonts.pointSizeForWidth(font, sample, room.width()), fonts.pointSizeForHeight(font, room.height()));
+    };
+    QFont fitted = font;
+    fitted.setPointSize(pointSize());
+    return fitted;
+}
 
 QColor meterBackground()
 {
@@ -51,6 +102,8 @@ void paintMeterText(QPainter& painter, const MeterScene& scene, const MeterLane&
 
 QRect meterTextArea(const MeterScene& scene, const MeterLane& lane)
 {
+    if (!hasNumber(scene, lane))
+        return {};
     const QFontMetrics metrics(scene.font);
     const int width = metrics.horizontalAdvance(QStringLiteral("-88")) + 4;
     const int baseline = lane.text.y() + lane.text.height();
@@ -64,21 +117,26 @@ void paintMeterScale(QPainter& painter, const MeterScene& scene, const MeterLayo
     painter.setFont(scene.font);
     painter.setBrush(Qt::NoBrush);
     const QFontMetrics metrics(scene.font);
-    for (qsizetype i = 0; i < layout.lanes.size(); ++i) {
-        const MeterLane& lane = layout.lanes[i];
-        if (lane.scaleSide == 0)
+    const bool upright = layout.orientation == Qt::Vertical;
+    for (const MeterMark& mark : scene.shape->marks) {
+        if (!(scene.hidden & ScaleLabels))
+            upright ? paintLabel(painter, layout, mark, metrics) : paintLabelAcross(painter, scene, layout, mark, metrics);
+        if (scene.hidden & ScaleLines)
             continue;
-        const QRect& bar = lane.bar;
-        const int edge = lane.scaleSide > 0 ? bar.x() + bar.width() : bar.x();
-        const int tick = lane.scaleSide * bar.width() / 4;
-        for (const MeterMark& mark : scene.shape->marks) {
-            const float y = float(bar.y()) + layout.pixelsPerDb(i) * float(mark.belowTopDb);
-            const QString label = mark.label.toString();
-            if (i == 0 || layout.lanes[0].scaleSide == 0) // one column of numbers serves both sides
-                painter.drawText(QPointF(layout.scale.x() + (layout.scale.width() - metrics.horizontalAdvance(label)) / 2.0, y),
-                                 label);
-            if (!scene.scaleLinesHidden)
-                painter.drawLine(QPointF(edge, y + 1), QPointF(edge + tick, y + 1));
+        for (qsizetype i = 0; i < layout.lanes.size(); ++i) {
+            const MeterLane& lane = layout.lanes[i];
+            const QRect& bar = lane.bar;
+            const float at = layout.pixelsPerDb(i) * float(mark.fromStartDb);
+            if (!upright) {
+                const double x = std::floor(bar.x() + at) + 0.5;
+                const int bottom = bar.y() + bar.height();
+                painter.drawLine(QPointF(x, bottom), QPointF(x, bottom + std::lround(bar.height() * 0.25)));
+            } else if (lane.scaleSide != 0) {
+                const int edge = lane.scaleSide > 0 ? bar.x() + bar.width() : bar.x();
+                const double y = std::floor(bar.y() + at + 1) + 0.5; // on a row of pixels, not between two
+                const int tick = lane.scaleSide * bar.width() / 4;
+                painter.drawLine(QPointF(edge, y), QPointF(edge + tick, y));
+            }
         }
     }
 }
@@ -89,10 +147,12 @@ void paintMeterBar(QPainter& painter, const MeterScene& scene, const MeterLayout
     if (filled.isEmpty())
         return;
     const QRect& bar = layout.lanes[lane].bar;
-    QLinearGradient gradient(bar.topLeft(), QPointF(bar.x(), bar.y() + bar.height()));
+    const bool upright = layout.orientation == Qt::Vertical;
+    QLinearGradient gradient(upright ? QPointF(bar.topLeft()) : QPointF(bar.x() + bar.width(), bar.y()),
+                             upright ? QPointF(bar.x(), bar.y() + bar.height()) : QPointF(bar.topLeft()));
     for (size_t i = 0; i < kGradient.size(); ++i)
         gradient.setColorAt(scene.shape->stops[i], QColor(kGradient[i]));
-    const double radius = bar.width() * scene.shape->barRadius;
+    const double radius = barRadius(scene, layout, bar);
     painter.setPen(Qt::NoPen);
     painter.setBrush(gradient);
     painter.drawRoundedRect(filled, radius, radius);
@@ -105,15 +165,16 @@ void paintMeter(QPainter& painter, const MeterScene& scene, const MeterLayout& l
     painter.setFont(scene.font);
     for (qsizetype i = 0; i < layout.lanes.size(); ++i) {
         const MeterLane& lane = layout.lanes[i];
-        if (scene.shape->textRow && i < moments.size())
+        if (!lane.shown)
+            continue;
+        if (hasNumber(scene, lane))
             paintMeterText(painter, scene, lane, moments[i].hold);
-        paintLamp(painter, scene, lane.lamp, i < moments.size() && moments[i].clip);
-        const double radius = lane.bar.width() * scene.shape->barRadius;
+        paintLamp(painter, scene, lane.lamp, moments[i].clip);
+        const double radius = barRadius(scene, layout, lane.bar);
         painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(kOff));
         painter.drawRoundedRect(lane.bar, radius, radius);
-        if (i < moments.size())
-            paintMeterBar(painter, scene, layout, i, moments[i].level);
+        paintMeterBar(painter, scene, layout, i, moments[i].level);
     }
     paintMeterScale(painter, scene, layout);
 }

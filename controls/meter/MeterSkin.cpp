@@ -1,10 +1,47 @@
 #include "controls/meter/MeterSkin.h"
 
 #include <QPainter>
+#include <QWidget>
 #include <cmath>
+#include <cstring>
 
 namespace quillon
 {
+
+namespace
+{
+
+constexpr int kPixelBytes = 4;
+
+/// Names what a widget tells its derived classes about the paint event in which it is.
+struct PaintTarget : QWidget {
+    using QWidget::redirected;
+    using QWidget::sharedPainter;
+};
+
+} // namespace
+
+std::optional<MeterSurface> MeterSurface::of(const QWidget& widget)
+{
+    QPoint offset;
+    QPaintDevice* device = (widget.*(&PaintTarget::redirected))(&offset);
+    if (!device || device->devType() != QInternal::Image || (widget.*(&PaintTarget::sharedPainter))())
+        return std::nullopt;
+    return of(static_cast<QImage&>(*device), -offset);
+}
+
+std::optional<MeterSurface> MeterSurface::of(QImage& image, QPoint widgetOrigin)
+{
+    const double scale = image.devicePixelRatio();
+    const int ratio = int(std::lround(scale));
+    const auto format = image.format();
+    if (ratio < 1 || scale != ratio ||
+        (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32_Premultiplied && format != QImage::Format_ARGB32))
+        return std::nullopt;
+    const qsizetype stride = image.bytesPerLine();
+    uchar* bits = image.bits() + widgetOrigin.y() * ratio * stride + qsizetype(widgetOrigin.x()) * ratio * kPixelBytes;
+    return MeterSurface{bits, stride, QRect(-widgetOrigin, image.size() / ratio), ratio};
+}
 
 std::shared_ptr<MeterSkin> MeterSkin::shared(const MeterScene& scene, const MeterLayout& layout, int pixelRatio)
 {
@@ -19,102 +56,121 @@ std::shared_ptr<MeterSkin> MeterSkin::shared(const MeterScene& scene, const Mete
 }
 
 MeterSkin::MeterSkin(const MeterScene& scene, const MeterLayout& layout, int pixelRatio)
-    : mScene(scene), mLayout(layout), mPixelRatio(pixelRatio), mDark(blank(scene.size)), mLit(blank(scene.size)),
-      mCaps(size_t(layout.lanes.size())), mTexts(size_t(1 - layout.floorDb))
+    : mScene(scene), mLayout(layout), mPixelRatio(pixelRatio), mDark(blank(scene.size)), mLit(blank(scene.size))
 {
-    QPainter dark(&mDark);
-    QPainter lit(&mLit);
     MeterScene bare = scene; // the numbers come apart
     MeterShape noText = *scene.shape;
     noText.textRow = false;
     bare.shape = &noText;
     MeterMoments floor;
     MeterMoments top;
+    const auto levels = size_t(1 - layout.floorDb);
     for (const MeterLane& lane : layout.lanes) {
         floor.append({layout.floorDb, layout.floorDb, false});
         top.append({0, 0, true});
-        mTextAreas.append(meterTextArea(scene, lane));
+        mLanes.push_back({meterTextArea(scene, lane), capLength(*scene.shape, layout, lane.bar), std::vector<QImage>(levels),
+                          std::vector<QImage>(levels)});
     }
+    QPainter dark(&mDark);
     paintMeter(dark, bare, layout, floor);
+    QPainter lit(&mLit);
     paintMeter(lit, bare, layout, top);
-    for (auto& caps : mCaps)
-        caps.resize(mTexts.size());
 }
 
-int MeterSkin::capHeight(const MeterShape& shape, const QRect& bar)
+int MeterSkin::capLength(const MeterShape& shape, const MeterLayout& layout, const QRect& bar)
 {
-    return int(std::ceil(2 * bar.width() * shape.barRadius)) + 1; // both pairs of corners: they meet in a short bar
+    const int thickness = layout.orientation == Qt::Vertical ? bar.width() : bar.height();
+    return int(std::ceil(2 * thickness * shape.barRadius)) + 1; // both pairs of corners: they meet in a short bar
 }
 
 /// Opaque: copies of it need no blending.
-QPixmap MeterSkin::blank(QSize size) const
+QImage MeterSkin::blank(QSize size) const
 {
-    QPixmap pixmap(size * mPixelRatio);
-    pixmap.setDevicePixelRatio(mPixelRatio);
-    pixmap.fill(meterBackground());
-    return pixmap;
+    QImage image(size * mPixelRatio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(mPixelRatio);
+    image.fill(meterBackground());
+    return image;
 }
 
-void MeterSkin::copy(QPainter& painter, const QRect& area, const QPixmap& picture, QPoint origin) const
+void MeterSkin::copy(const MeterSurface& surface, const QRect& area, const QImage& picture, QPoint origin) const
 {
     if (area.isEmpty() || picture.isNull())
         return;
-    const QRect source((area.topLeft() - origin) * mPixelRatio, area.size() * mPixelRatio);
-    painter.drawPixmap(area, picture, source);
+    const qsizetype bytes = qsizetype(area.width()) * mPixelRatio * kPixelBytes;
+    const qsizetype pixel = qsizetype(mPixelRatio) * kPixelBytes;
+    const qsizetype stride = picture.bytesPerLine();
+    const uchar* from = picture.constBits() + (area.y() - origin.y()) * mPixelRatio * stride + (area.x() - origin.x()) * pixel;
+    uchar* to = surface.bits + area.y() * mPixelRatio * surface.stride + area.x() * pixel;
+    for (int row = area.height() * mPixelRatio; row > 0; --row, from += stride, to += surface.stride)
+        std::memcpy(to, from, size_t(bytes));
 }
 
-const QPixmap& MeterSkin::cap(qsizetype lane, int levelDb)
+QRect MeterSkin::capArea(qsizetype lane, const QRect& filled) const
 {
-    QPixmap& pixmap = mCaps[size_t(lane)][size_t(-levelDb)];
-    if (pixmap.isNull()) {
-        const QRect filled = mLayout.filled(lane, levelDb);
-        const QRect area(filled.topLeft(), QSize(filled.width(), std::min(filled.height(), capHeight(*mScene.shape, filled))));
-        pixmap = blank(area.size());
-        QPainter painter(&pixmap);
+    const int length = mLanes[size_t(lane)].capLength;
+    if (mLayout.orientation == Qt::Vertical)
+        return {filled.topLeft(), QSize(filled.width(), std::min(length, filled.height()))};
+    const int width = std::min(length, filled.width());
+    return {QPoint(filled.x() + filled.width() - width, filled.y()), QSize(width, filled.height())};
+}
+
+const QImage& MeterSkin::cap(qsizetype lane, int levelDb)
+{
+    QImage& image = mLanes[size_t(lane)].caps[size_t(-levelDb)];
+    if (image.isNull()) {
+        const QRect area = capArea(lane, mLayout.filled(lane, levelDb));
+        image = mDark.copy(QRect(area.topLeft() * mPixelRatio, area.size() * mPixelRatio));
+        QPainter painter(&image);
         painter.translate(-area.topLeft());
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-        copy(painter, area, mDark, {});
         paintMeterBar(painter, mScene, mLayout, lane, levelDb);
         paintMeterScale(painter, mScene, mLayout); // a label wider than its column lies over the bar
     }
-    return pixmap;
+    return image;
 }
 
-const QPixmap& MeterSkin::text(int holdDb)
+const QImage& MeterSkin::text(qsizetype lane, int holdDb)
 {
-    QPixmap& pixmap = mTexts[size_t(-holdDb)];
-    if (pixmap.isNull()) {
-        // The lanes' numbers differ only in place.
-        pixmap = QPixmap(mTextAreas[0].size() * mPixelRatio);
-        pixmap.setDevicePixelRatio(mPixelRatio);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.translate(-mTextAreas[0].topLeft());
+    QImage& image = mLanes[size_t(lane)].texts[size_t(-holdDb)];
+    if (image.isNull()) {
+        const QRect area = mLanes[size_t(lane)].textArea;
+        image = mDark.copy(QRect(area.topLeft() * mPixelRatio, area.size() * mPixelRatio));
+        QPainter painter(&image);
+        painter.translate(-area.topLeft());
         painter.setRenderHint(QPainter::TextAntialiasing);
         painter.setFont(mScene.font);
-        paintMeterText(painter, mScene, mLayout.lanes[0], holdDb);
+        paintMeterText(painter, mScene, mLayout.lanes[lane], holdDb);
     }
-    return pixmap;
+    return image;
 }
 
-void MeterSkin::paint(QPainter& painter, const QRect& area, const MeterMoments& moments)
+void MeterSkin::copyBar(const MeterSurface& surface, const QRect& area, qsizetype lane, int levelDb)
 {
-    copy(painter, area, mDark, {});
+    const QRect filled = mLayout.filled(lane, levelDb);
+    if (!area.intersects(filled))
+        return;
+    const QRect end = capArea(lane, filled);
+    if (area.intersects(end))
+        copy(surface, area & end, cap(lane, levelDb), end.topLeft());
+    const QRect body =
+        mLayout.orientation == Qt::Vertical ? filled.adjusted(0, end.height(), 0, 0) : filled.adjusted(0, 0, -end.width(), 0);
+    copy(surface, area & body, mLit, {});
+}
+
+void MeterSkin::paint(const MeterSurface& surface, QRect area, const MeterMoments& moments)
+{
+    area &= surface.bounds & QRect(QPoint(), mScene.size);
+    copy(surface, area, mDark, {});
     for (qsizetype i = 0; i < mLayout.lanes.size(); ++i) {
         const MeterLane& lane = mLayout.lanes[i];
         const MeterMoment& moment = moments[i];
-        if (mScene.shape->textRow && area.intersects(mTextAreas[i]))
-            copy(painter, area & mTextAreas[i], text(moment.hold), mTextAreas[i].topLeft());
-        if (moment.clip)
-            copy(painter, area & lane.lamp, mLit, {});
-        const QRect filled = mLayout.filled(i, moment.level);
-        if (filled.isEmpty() || !area.intersects(filled))
+        if (!lane.shown)
             continue;
-        const int capRows = std::min(filled.height(), capHeight(*mScene.shape, filled));
-        const QRect top(filled.topLeft(), QSize(filled.width(), capRows));
-        if (area.intersects(top))
-            copy(painter, area & top, cap(i, moment.level), top.topLeft());
-        copy(painter, area & filled.adjusted(0, capRows, 0, 0), mLit, {});
+        if (const QRect textArea = mLanes[size_t(i)].textArea; area.intersects(textArea))
+            copy(surface, area & textArea, text(i, moment.hold), textArea.topLeft());
+        if (moment.clip)
+            copy(surface, area & lane.lamp, mLit, {});
+        copyBar(surface, area, i, moment.level);
     }
 }
 

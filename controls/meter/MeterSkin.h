@@ -2,17 +2,34 @@
 
 #include "controls/meter/MeterPaint.h"
 
-#include <QPixmap>
+#include <QImage>
 #include <memory>
+#include <optional>
 #include <vector>
+
+class QWidget;
 
 namespace quillon
 {
 
-/// The pictures from which a meter is put together, so that a new level costs a few block copies instead of rounded, shaded
-/// and lettered painting. All meters of one look and size share one skin; it lives as long as one of them holds it.
+/// The pixels that a widget is being painted on, 32 bits each.
+struct MeterSurface {
+    uchar* bits;
+    qsizetype stride;
+    QRect bounds; // in the widget's coordinates
+    int pixelRatio;
+
+    /// Nothing outside of a paint event, and where these pixels can't be written as they are: a painter stands in between, or
+    /// the scale is not a whole number.
+    static std::optional<MeterSurface> of(const QWidget& widget);
+    static std::optional<MeterSurface> of(QImage& image, QPoint widgetOrigin);
+};
+
+/// The pictures from which a meter is put together, so that a new level costs a few runs of bytes instead of rounded, shaded and
+/// lettered painting, or even a painter. All meters of one look and size share one skin; it lives as long as one of them holds it.
 ///
-/// The copies give the very pixels that paintMeter() gives. Per skin at 45 by 220 pixels: some 150 kB. GUI thread.
+/// The copies give what paintMeter() gives, to a few steps of a colour at rounded edges. Per skin at 45 by 220 pixels: some 150 kB.
+/// GUI thread.
 class MeterSkin
 {
 public:
@@ -21,28 +38,36 @@ public:
 
     bool fits(const MeterScene& scene, int pixelRatio) const { return mPixelRatio == pixelRatio && mScene == scene; }
 
-    /// Draws what lies in area.
-    void paint(QPainter& painter, const QRect& area, const MeterMoments& moments);
+    /// Copies what lies in area onto a surface of the skin's pixel ratio.
+    void paint(const MeterSurface& surface, QRect area, const MeterMoments& moments);
 
-    /// How far below its top a bar may differ from one that reaches higher.
-    static int capHeight(const MeterShape& shape, const QRect& bar);
+    /// How far below its end a bar may differ from one that reaches further.
+    static int capLength(const MeterShape& shape, const MeterLayout& layout, const QRect& bar);
 
 private:
     MeterSkin(const MeterScene& scene, const MeterLayout& layout, int pixelRatio);
 
-    QPixmap blank(QSize size) const;
-    void copy(QPainter& painter, const QRect& area, const QPixmap& picture, QPoint origin) const;
-    const QPixmap& cap(qsizetype lane, int levelDb);
-    const QPixmap& text(int holdDb);
+    QImage blank(QSize size) const;
+    /// The part of a picture that has its top left corner at origin.
+    void copy(const MeterSurface& surface, const QRect& area, const QImage& picture, QPoint origin) const;
+    void copyBar(const MeterSurface& surface, const QRect& area, qsizetype lane, int levelDb);
+    /// The end of a filled bar, with its own corners.
+    QRect capArea(qsizetype lane, const QRect& filled) const;
+    const QImage& cap(qsizetype lane, int levelDb);
+    const QImage& text(qsizetype lane, int holdDb);
 
     MeterScene mScene;
     MeterLayout mLayout;
     int mPixelRatio;
-    QPixmap mDark; // levels at the floor, lamps off, no numbers
-    QPixmap mLit;  // levels at the top, lamps lit
-    QVarLengthArray<QRect, 4> mTextAreas;
-    std::vector<std::vector<QPixmap>> mCaps; // by lane and level, made when first shown
-    std::vector<QPixmap> mTexts;             // by number, made when first shown
+    QImage mDark; // levels at the floor, lamps off, no numbers
+    QImage mLit;  // levels at the top, lamps lit
+    struct Lane {
+        QRect textArea;
+        int capLength;
+        std::vector<QImage> caps;  // by level, made when first shown
+        std::vector<QImage> texts; // by number, made when first shown
+    };
+    std::vector<Lane> mLanes;
 };
 
 } // namespace quillon

@@ -10,7 +10,6 @@
 #include <QResizeEvent>
 #include <QWidget>
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -21,15 +20,16 @@ MeterView::Lane::Lane(const MeterShape& shape) : channel(shape.floorDb, shape.ho
 {
     hold.setSingleShot(true);
     clip.setSingleShot(true);
-    decay.setInterval(MeterChannel::kDecayMs);
 }
 
 MeterView::MeterView(QWidget* host, const MeterShape& shape)
     : mHost(host), mShape(shape), mRatios(shape.ratios), mFont(GlobalFont::instance().font())
 {
-    for (const MeterColumn& column : shape.columns)
-        if (column.kind == MeterColumn::Bar)
-            mLanes.emplace_back(shape);
+    for (int lane = 0; lane < shape.lanes(); ++lane) {
+        mLanes.emplace_back(shape);
+        if (lane % shape.lanesPerSide == 0)
+            mDecays.emplace_back().setInterval(MeterChannel::kDecayMs);
+    }
     mHost->setAttribute(Qt::WA_OpaquePaintEvent); // spares the painting of everything behind
     relayout();
 }
@@ -38,14 +38,26 @@ MeterView::~MeterView() = default;
 
 void MeterView::feed(int lane, int tenthsOfDb)
 {
-    const auto reading = decodeMeter(tenthsOfDb, mShape.floorDb);
-    if (!reading)
-        return;
+    if (const auto reading = decodeMeter(tenthsOfDb, mShape.floorDb)) {
+        mDecays[size_t(lane / mShape.lanesPerSide)].stop();
+        take(lane, *reading);
+    }
+}
+
+void MeterView::feedGained(int side, int tenthsOfDb, int gainDb)
+{
+    if (const auto reading = decodeGained(tenthsOfDb, gainDb, mShape.floorDb)) {
+        mDecays[size_t(side)].stop();
+        take(side * mShape.lanesPerSide, reading->origin);
+        take(side * mShape.lanesPerSide + 1, reading->gained);
+    }
+}
+
+void MeterView::take(int lane, MeterReading reading)
+{
     Lane& fed = mLanes[size_t(lane)];
-    if (fed.decay.isActive())
-        fed.decay.stop();
     const int before = fed.channel.level();
-    const auto result = fed.channel.feed(*reading, fed.hold.isActive());
+    const auto result = fed.channel.feed(reading, fed.hold.isActive());
     if (result.startClip)
         fed.clip.start(MeterChannel::kClipMs);
     if (result.startHold && mShape.textRow)
@@ -65,43 +77,55 @@ void MeterView::endClip(int lane)
     changed(lane, channel.endClip(), channel.level());
 }
 
-void MeterView::decay(int lane)
+void MeterView::decay(int side)
 {
-    Lane& decaying = mLanes[size_t(lane)];
-    if (decaying.channel.atFloor()) {
-        decaying.decay.stop();
-        return;
+    bool atFloor = true;
+    for (int lane = side * mShape.lanesPerSide; lane < (side + 1) * mShape.lanesPerSide; ++lane) {
+        MeterChannel& channel = mLanes[size_t(lane)].channel;
+        const int before = channel.level();
+        atFloor = atFloor && channel.atFloor();
+        changed(lane, channel.decay(), before);
     }
-    const int before = decaying.channel.level();
-    changed(lane, decaying.channel.decay(), before);
+    if (atFloor)
+        mDecays[size_t(side)].stop();
 }
 
-/// Repaints the strip between the old top of the bar and the new one, with the rounding of both; the number; the lamp.
 void MeterView::changed(int lane, unsigned what, int levelBefore)
 {
     if (what == MeterChannel::Nothing)
         return;
-    const MeterChannel& channel = mLanes[size_t(lane)].channel;
-    const MeterLane& place = mLayout.lanes[lane];
-    if (what & MeterChannel::Level) {
-        const QRect now = mLayout.filled(lane, channel.level());
-        const QRect old = mLayout.filled(lane, levelBefore);
-        const int bottom = place.bar.y() + place.bar.height();
-        const int nowTop = now.isEmpty() ? bottom : now.y();
-        const int oldTop = old.isEmpty() ? bottom : old.y();
-        const int end = std::max(nowTop, oldTop) + MeterSkin::capHeight(mShape, place.bar);
-        // In quarters of the bar: strips of neighbours that begin and end alike join into few rectangles, and a window full
-        // of ragged ones costs more to add up than a few more rows to copy.
-        const int cell = std::max(1, place.bar.height() / 4);
-        const int first = (std::min(nowTop, oldTop) - place.bar.y()) / cell;
-        const int last = (end - 1 - place.bar.y()) / cell;
-        mHost->update(QRect(place.bar.x(), place.bar.y() + first * cell, place.bar.width(), (last - first + 1) * cell) & place.bar);
-    }
-    if ((what & MeterChannel::Hold) && mShape.textRow)
-        mHost->update(mTextAreas[lane]);
+    if (what & MeterChannel::Level)
+        updateBar(lane, levelBefore);
+    if (!mLayout.lanes[lane].shown)
+        return;
+    if (what & MeterChannel::Hold)
+        mHost->update(0, mTextAreas[lane].y(), mHost->width(), mTextAreas[lane].height());
     if (what & MeterChannel::Clip)
-        mHost->update(place.lamp);
+        mHost->update(mLayout.lanes[lane].lamp);
     announce();
+}
+
+/// Repaints from the old end of the bar to the new one, with the rounding of both.
+void MeterView::updateBar(int lane, int levelBefore)
+{
+    const QRect& bar = mLayout.lanes[lane].bar;
+    const QRect now = mLayout.filled(lane, mLanes[size_t(lane)].channel.level());
+    const QRect old = mLayout.filled(lane, levelBefore);
+    if (now == old)
+        return;
+    const int cap = MeterSkin::capLength(mShape, mLayout, bar);
+    if (mShape.orientation == Qt::Horizontal) {
+        const auto [shorter, longer] = std::minmax({now.width(), old.width()});
+        mHost->update(QRect(bar.x() + std::max(0, shorter - cap), bar.y(), longer - std::max(0, shorter - cap), bar.height()));
+        return;
+    }
+    const auto [shorter, longer] = std::minmax({now.height(), old.height()});
+    // In quarters of the bar and the whole width: strips of neighbours that begin and end alike join into few rectangles, and a
+    // window full of ragged ones costs more to add up than a few more pixels to copy.
+    const int cell = std::max(1, bar.height() / 4);
+    const int first = (bar.height() - longer) / cell;
+    const int end = std::min(bar.height(), ((bar.height() - shorter + cap - 1) / cell + 1) * cell);
+    mHost->update(0, bar.y() + first * cell, mHost->width(), end - first * cell);
 }
 
 void MeterView::setWidthRatios(std::array<int, 5> ratios)
@@ -128,18 +152,17 @@ void MeterView::setFont(const QFont& font)
     relayout();
 }
 
-void MeterView::setScaleLinesHidden(bool hidden)
+void MeterView::setHidden(MeterPart part, bool hidden)
 {
-    if (std::exchange(mScaleLinesHidden, hidden) != hidden)
+    const unsigned parts = hidden ? mHidden | part : mHidden & ~unsigned(part);
+    if (std::exchange(mHidden, parts) != parts)
         relayout();
 }
 
 void MeterView::relayout()
 {
-    mLayout = layoutMeter(mHost->size(), mShape, mRatios);
-    QFont fitted = mFont;
-    fitted.setPointSize(GlobalFont::instance().pointSizeForWidth(mFont, mShape.sample.toString(), mLayout.scale.width()));
-    mScene = {&mShape, mRatios, mHost->size(), fitted, mScaleLinesHidden};
+    mLayout = layoutMeter(mHost->size(), mShape, mRatios, mHidden);
+    mScene = {&mShape, mRatios, mHost->size(), meterFont(mFont, mShape, mLayout), mHidden};
     mTextAreas.clear();
     for (const MeterLane& lane : std::as_const(mLayout.lanes))
         mTextAreas.append(meterTextArea(mScene, lane));
@@ -162,27 +185,29 @@ bool MeterView::handle(QEvent* event)
     }
 }
 
-void MeterView::paint(QPaintEvent* event)
+MeterMoments MeterView::moments() const
 {
-    QPainter painter(mHost);
     MeterMoments moments;
     for (const Lane& lane : mLanes)
         moments.append({lane.channel.level(), lane.channel.hold(), lane.channel.clip()});
+    return moments;
+}
+
+void MeterView::paint(QPaintEvent* event)
+{
+    if (const auto surface = MeterSurface::of(*mHost); surface && mHost->isEnabled()) {
+        if (!mSkin || !mSkin->fits(mScene, surface->pixelRatio))
+            mSkin = MeterSkin::shared(mScene, mLayout, surface->pixelRatio);
+        for (const QRect& area : event->region())
+            mSkin->paint(*surface, area, moments());
+        return;
+    }
+    QPainter painter(mHost);
     if (!mHost->isEnabled()) {
         painter.fillRect(event->rect(), meterBackground());
         painter.setOpacity(0.4);
     }
-    // The scale of the surface painted on, which is not that of the widget when it is rendered into a picture.
-    const QTransform transform = painter.deviceTransform();
-    const int ratio = int(std::lround(transform.m11()));
-    if (transform.type() > QTransform::TxScale || transform.m11() != ratio || transform.m22() != ratio || ratio < 1) {
-        paintMeter(painter, mScene, mLayout, moments); // copies would blur between pixels
-        return;
-    }
-    if (!mSkin || !mSkin->fits(mScene, ratio))
-        mSkin = MeterSkin::shared(mScene, mLayout, ratio);
-    for (const QRect& area : event->region())
-        mSkin->paint(painter, area, moments);
+    paintMeter(painter, mScene, mLayout, moments());
 }
 
 bool MeterView::clearLamp(const QMouseEvent* event)
@@ -190,7 +215,7 @@ bool MeterView::clearLamp(const QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return false;
     for (qsizetype i = 0; i < mLayout.lanes.size(); ++i) {
-        if (mLayout.lanes[i].lamp.contains(event->position().toPoint())) {
+        if (mLayout.lanes[i].shown && mLayout.lanes[i].lamp.contains(event->position().toPoint())) {
             endClip(int(i));
             return true;
         }

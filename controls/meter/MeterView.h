@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QTimer>
 #include <deque>
+#include <initializer_list>
 #include <memory>
 
 class QEvent;
@@ -20,8 +21,8 @@ namespace quillon
 
 class MeterSkin;
 
-/// What a meter widget holds: channels, timers, layout and pictures. The widget passes its events to handle() and its feeds to
-/// feed(), and connects the timers to its slots. GUI thread.
+/// What a meter widget holds: channels, timers, layout and pictures. A lane is one bar, from the left or, of a pair, the measured
+/// one first; a side is one bar or such a pair. GUI thread.
 class MeterView : public ValueControl
 {
 public:
@@ -29,26 +30,34 @@ public:
     ~MeterView() override;
     Q_DISABLE_COPY_MOVE(MeterView)
 
+    /// Has the host's slots called at the end of a hold, of a clip, and at each tick of a decay. The first two are one a lane, the
+    /// last is one a side.
+    template<class Host>
+    void connectTimers(Host* host, std::initializer_list<void (Host::*)()> holdEnds,
+                       std::initializer_list<void (Host::*)()> clipEnds, std::initializer_list<void (Host::*)()> decays);
+
     /// One value of the device for a lane, in tenths of a dB. Repaints what it changed, and nothing if it changed nothing.
     void feed(int lane, int tenthsOfDb);
+    /// The same for the pair of a side, of which the second bar has a gain added.
+    void feedGained(int side, int tenthsOfDb, int gainDb);
+    /// Has a side run down to the floor until its next value.
+    void startDecay(int side) { mDecays[size_t(side)].start(); }
 
-    QTimer& holdTimer(int lane) { return mLanes[size_t(lane)].hold; }
-    QTimer& clipTimer(int lane) { return mLanes[size_t(lane)].clip; }
-    QTimer& decayTimer(int lane) { return mLanes[size_t(lane)].decay; }
     void endHold(int lane);
     void endClip(int lane);
-    /// A tick of the decay; at the floor it stops the timer instead.
-    void decay(int lane);
+    /// A tick of the decay; with all bars of the side at the floor it stops the timer instead.
+    void decay(int side);
 
+    /// In percent, as the shape names them; below 0 counts as 0.
     void setWidthRatios(std::array<int, 5> ratios);
     void setHeightRatios(std::array<int, 6> ratios);
     void setFont(const QFont& font);
-    void setScaleLinesHidden(bool hidden);
+    void setHidden(MeterPart part, bool hidden);
 
     /// True when the event was of the meter's business and is done with.
     bool handle(QEvent* event);
 
-    QAccessible::Role accessibleRole() const override { return QAccessible::Indicator; }
+    QAccessible::Role accessibleRole() const override { return QAccessible::ProgressBar; }
     QString accessibleKind() const override;
     Range accessibleRange() const override;
     /// The loudest lane.
@@ -58,18 +67,23 @@ public:
     const MeterChannel& channel(int lane) const { return mLanes[size_t(lane)].channel; }
     const MeterLayout& layout() const { return mLayout; }
 
+    QTimer& clipTimer(int lane) { return mLanes[size_t(lane)].clip; }
+    QTimer& decayTimer(int side) { return mDecays[size_t(side)]; }
+
 private:
     struct Lane {
         explicit Lane(const MeterShape& shape);
         MeterChannel channel;
         QTimer hold;
         QTimer clip;
-        QTimer decay;
     };
 
+    void take(int lane, MeterReading reading);
     void relayout();
     void resendSize();
     void changed(int lane, unsigned what, int levelBefore);
+    void updateBar(int lane, int levelBefore);
+    MeterMoments moments() const;
     void paint(QPaintEvent* event);
     bool clearLamp(const QMouseEvent* event);
     void announce();
@@ -81,10 +95,43 @@ private:
     MeterScene mScene;
     QVarLengthArray<QRect, 4> mTextAreas;
     QFont mFont;
-    bool mScaleLinesHidden = false;
+    unsigned mHidden = 0;
     std::deque<Lane> mLanes; // timers do not move
+    std::deque<QTimer> mDecays;
     std::shared_ptr<MeterSkin> mSkin;
     QElapsedTimer mAnnounced;
+};
+
+template<class Host>
+void MeterView::connectTimers(Host* host, std::initializer_list<void (Host::*)()> holdEnds,
+                              std::initializer_list<void (Host::*)()> clipEnds, std::initializer_list<void (Host::*)()> decays)
+{
+    const auto join = [host](QTimer& timer, void (Host::*slot)()) { QObject::connect(&timer, &QTimer::timeout, host, slot); };
+    size_t index = 0;
+    for (const auto slot : holdEnds)
+        join(mLanes[index++].hold, slot);
+    index = 0;
+    for (const auto slot : clipEnds)
+        join(mLanes[index++].clip, slot);
+    index = 0;
+    for (const auto slot : decays)
+        join(mDecays[index++], slot);
+}
+
+/// What the faces of all members have in common.
+class MeterFace : public ValueControlHost
+{
+public:
+    void setFont(const QFont& font) { mView.setFont(font); }
+    /// Leaves the tick lines of the scale out; the numbers stay.
+    void setScaleLinesHidden(bool hidden) { mView.setHidden(ScaleLines, hidden); }
+
+    ValueControl& valueControl() override { return mView; }
+
+protected:
+    MeterFace(QWidget* host, const MeterShape& shape) : mView(host, shape) {}
+
+    MeterView mView;
 };
 
 } // namespace quillon
