@@ -40,10 +40,8 @@ void ComboBoxS1M3::setTextColour(const QColor& colour)
 
 void ComboBoxS1M3::dressLineEdit()
 {
-    QPalette palette = lineEdit()->palette();
-    palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, mCore.textColor());
-    lineEdit()->setPalette(palette);
+    // A palette would be lost to the sheet that the box has for its list.
+    lineEdit()->setStyleSheet(u"color: %1; background: transparent;"_s.arg(mCore.textColor().name()));
     update();
 }
 
@@ -80,8 +78,7 @@ bool ComboBoxS1M3::eventFilter(QObject* watched, QEvent* event)
 void ComboBoxS1M3::changeEvent(QEvent* event)
 {
     QComboBox::changeEvent(event);
-    // A change of its palette ends in its line edit, which has one of its own.
-    if ((event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange) && lineEdit())
+    if (event->type() == QEvent::EnabledChange && lineEdit())
         dressLineEdit();
 }
 
