@@ -46,10 +46,15 @@ void MainWindow_Base::setDevice(DeviceBase* device, QString name)
     connect(mDevice, &DeviceBase::deviceDisconnected, this, &MainWindow_Base::in_mDevice_deviceDisconnected, Qt::UniqueConnection);
 }
 
+bool MainWindow_Base::openChannel() const
+{
+    return USBHIDAPI::instance().open(static_cast<unsigned short>(mDevice->vendorId()),
+                                      static_cast<unsigned short>(mDevice->productId()));
+}
+
 void MainWindow_Base::startConnection()
 {
-    if (USBHIDAPI::instance().open(static_cast<unsigned short>(mDevice->vendorId()),
-                                   static_cast<unsigned short>(mDevice->productId()))) {
+    if (openChannel()) {
         mDevice->startDevice();
         sendAuth();
         mTimerAuth.start();
@@ -113,7 +118,8 @@ void MainWindow_Base::in_mTimerAuth_timeout()
 
 void MainWindow_Base::in_mTimerOnline_timeout()
 {
-    if (!USBAudioAPI::instance().isActiveDeviceOnline()) {
+    // A device that comes back within one interval was never missed by the driver: its channel tells.
+    if (!USBAudioAPI::instance().isActiveDeviceOnline() || openChannel()) {
         in_mDevice_deviceDisconnected();
     }
 }

@@ -45,6 +45,8 @@ protected:
     void setHelloInterval(int intervalMs) { mTimerAuth.setInterval(intervalMs); }
 
 private:
+    bool openChannel() const;
+
     DeviceBase* mDevice = nullptr;
     QString mDeviceName;
     QTimer mTimerFrameRate;

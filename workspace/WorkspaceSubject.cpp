@@ -76,6 +76,9 @@ void WorkspaceSubject::setWorkspaceInfo(const QString& deviceName, const QString
     mPrefix = prefix;
     if (!folder.isEmpty() && !QDir().mkpath(folder)) {
         warn("setWorkspaceInfo", "failed to create folder");
+        // A workspace that has to be looked for is better than controls whose values nothing keeps.
+        mFolder = QDir::temp().filePath("Quillon/"_L1 + QFileInfo(folder).fileName());
+        QDir().mkpath(mFolder);
     }
 }
 

@@ -29,7 +29,8 @@ public:
     void addObserver(WorkspaceObserver* observer);
     void addObservers(const QList<WorkspaceObserver*>& observers);
     void clearObservers();
-    /// What the files of the current work mode are: their model, folder and name prefix. Creates the folder.
+    /// What the files of the current work mode are: their model, folder and name prefix. Creates the folder; where
+    /// that fails, one in the system's folder for temporary files takes its place.
     void setWorkspaceInfo(const QString& deviceName, const QString& folder, const QString& prefix);
 
     void createWorkspace(const QString& name);

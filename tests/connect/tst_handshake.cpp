@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -92,8 +93,8 @@ void tst_handshake::zeroFailsAtOnce()
 
 void tst_handshake::lossIsToldOnce()
 {
-    // Without HID the driver's list tells of it; there is no page of the device then.
-    for (const bool hid : {true, false}) {
+    // Without HID, when there is no page of the device, the driver's list tells of it, or the channel that can be opened again.
+    for (const auto& [hid, returns] : {std::pair(true, false), std::pair(false, false), std::pair(false, true)}) {
         fakehid::install({.opensAllowed = hid ? -1 : 0});
         FakeWindow window;
         QSignalSpy spy(&window, &MainWindow_Base::attributeChanged);
@@ -104,6 +105,8 @@ void tst_handshake::lossIsToldOnce()
         spy.clear();
         if (hid) {
             fakehid::unplug();
+        } else if (returns) {
+            fakehid::install();
         } else {
             mDriver->devices.clear();
         }
@@ -112,6 +115,7 @@ void tst_handshake::lossIsToldOnce()
         QTest::qWait(60);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(mDriver->rateReads, 0);
+        mDriver->devices = {u"R47"_s};
     }
 }
 
