@@ -100,6 +100,8 @@ void ComboBoxS1M3::resizeEvent(QResizeEvent* event)
 {
     QComboBox::resizeEvent(event);
     mCore.relayout();
+    const int margin = height() * 3 / 10; // beside the mark in the corner; on both sides, so that the middle stays the middle
+    lineEdit()->setTextMargins(margin, 0, margin, 0);
     setIconShare(mScaleFactor);
 }
 
