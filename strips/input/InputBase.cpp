@@ -8,38 +8,33 @@ using quillon::StripValue;
 using quillon::ValueForm;
 
 InputBase::InputBase(const quillon::InputShape& shape, const QString& objectName, QWidget* parent)
-    : Solo(parent), WorkspaceObserver(objectName), mShape(shape), mHead(this),
+    : Solo(parent), WorkspaceObserver(objectName), mShape(shape), mBody(this),
       mEngine(*this, [this](const QString& attribute, const QString& value) { emitAttribute(attribute, value); })
 {
     setObjectName(objectName);
     setMinimumSize(shape.minimum);
     connect(this, &Solo::soloStateChanged, this, &InputBase::in_widgetBase_soloStateChanged);
-    connect(&mHead, &quillon::StripHead::nameEdited, this, [this] {
+    connect(&mBody.head(), &quillon::StripHead::nameEdited, this, [this] {
         mEngine.changed(mNameRow);
-        rename();
+        mBody.rename();
     });
     // The field matches on the channel's name, in the first place of the event.
-    connect(&mHead, &quillon::StripHead::closeClicked, this, [this] { emit attributeChanged(channelName(), u"Hide"_s, u"1"_s); });
+    connect(&mBody.head(), &quillon::StripHead::closeClicked, this,
+            [this] { emit attributeChanged(channelName(), u"Hide"_s, u"1"_s); });
 }
 
-void InputBase::adopt(QWidget* child, const char* objectName, const quillon::Place& place)
-{
-    child->setObjectName(QLatin1StringView(objectName));
-    mChildren.push_back({child, place});
-}
-
-// Rows, in the order in which they are saved and loaded; sent are MIC, 48V, GAIN and then MUTE.
+// Rows, in the order in which they are saved and loaded; sent are MIC, 48V, GAIN, MUTE and then ANTI.
 
 void InputBase::declare()
 {
     mNameRow = mEngine.add({.key = u"ChannelName"_s,
                             .form = ValueForm::Text,
                             .initial = [this] { return channelName(); },
-                            .read = [this] { return mHead.name(); },
+                            .read = [this] { return mBody.head().name(); },
                             .show =
                                 [this](const StripValue& value) {
-                                    mHead.showName(std::get<QString>(value));
-                                    rename();
+                                    mBody.head().showName(std::get<QString>(value));
+                                    mBody.rename();
                                 }});
     declareInput();
     declareLevel();
@@ -84,6 +79,8 @@ void InputBase::declareInput()
                                               .gainChanged = [this](float gainDb) { in_widgetDial_valueChanged(gainDb); },
                                               .storeGain = [this](float gainDb) { mEngine.store(mGainRow, gainDb); },
                                               .storedGain = [this] { return std::get<float>(mEngine.stored(mGainRow)); }});
+        mBody.onFont([this](const QFont& font) { mAutoGain->setFont(font); });
+        mBody.onLanguage([this](const QString& language) { mAutoGain->setLanguage(language); });
     }
 }
 
@@ -114,6 +111,16 @@ void InputBase::declareLevel()
                                 },
                             .sends = {u"GAIN"_s},
                             .whileHidden = AsShown{}});
+    if (mHasAnti) {
+        mAntiRow =
+            mEngine.add({.key = u"ANTI"_s,
+                         .initial = [] { return 0; },
+                         .read = [this] { return mSoloMute.isOn(u"ANTI"_s) ? 1 : 0; },
+                         .show = [this](const StripValue& value) { mSoloMute.set(u"ANTI"_s, std::get<int>(value) != 0, false); },
+                         .sends = {u"ANTI"_s},
+                         .sendOrder = 2,
+                         .whileHidden = StripValue{0}});
+    }
 }
 
 void InputBase::declareBalance()
@@ -132,8 +139,7 @@ float InputBase::wantedGain() const
 
 InputBase& InputBase::setChannelName(const QString& name)
 {
-    mHead.setChannelName(name);
-    rename();
+    mBody.setChannelName(name);
     return *this;
 }
 
@@ -146,20 +152,7 @@ InputBase& InputBase::setGainDefault(float gainDb)
 
 InputBase& InputBase::setFont(const QFont& font)
 {
-    mHead.setFont(font);
-    mMeter.setFont(font);
-    mDial.setFont(font);
-    if (mSlider) {
-        mSlider.setFont(font);
-    }
-    for (const quillon::PanelPort* group : {&mSelector, &mSwitches, &mSoloMute}) {
-        if (*group) {
-            group->setFont(font);
-        }
-    }
-    if (mAutoGain) {
-        mAutoGain->setFont(font);
-    }
+    mBody.setFont(font);
     return *this;
 }
 
@@ -184,59 +177,24 @@ InputBase& InputBase::setSaveEvents(bool on)
 
 InputBase& InputBase::setNameEditable(bool editable)
 {
-    mHead.setNameEditable(editable);
+    mBody.head().setNameEditable(editable);
     return *this;
 }
 
 InputBase& InputBase::setOverlayVisible(bool visible)
 {
-    mHead.setOverlayVisible(visible);
+    mBody.head().setOverlayVisible(visible);
     return *this;
 }
 
 void InputBase::armClose()
 {
-    mHead.setCloseArmed(mCloseEnabled && isStripEnabled());
-}
-
-void InputBase::rename()
-{
-    const bool chinese = mLanguage == "Chinese"_L1;
-    const QString name = mHead.name();
-    const QString naming = name + u'\n' + mLanguage;
-    if (naming == mNaming) {
-        return; // a dozen widgets would tell assistive technology of no change, a third of the time of a load
-    }
-    mNaming = naming;
-    const auto text = [&](const QString& english, const QString& other) { return name + u' ' + (chinese ? other : english); };
-    mHead.setTexts(text(u"Name"_s, u"名称"_s), text(u"Hide"_s, u"隐藏"_s));
-    mMeter.widget->setAccessibleName(text(u"Level"_s, u"电平"_s));
-    mDial.widget->setAccessibleName(text(u"Gain"_s, u"增益"_s));
-    if (mSlider) {
-        mSlider.widget->setAccessibleName(text(u"Balance"_s, u"声像"_s));
-    }
-    for (const quillon::PanelPort* group : {&mSelector, &mSwitches, &mSoloMute}) {
-        if (*group) {
-            group->setAccessibleName(name);
-        }
-    }
+    mBody.head().setCloseArmed(mCloseEnabled && isStripEnabled());
 }
 
 void InputBase::onAppSettingsChanged(QString, QString attribute, QString value)
 {
-    if (attribute != "Language"_L1 || (value != "English"_L1 && value != "Chinese"_L1)) {
-        return;
-    }
-    mLanguage = value;
-    for (const quillon::PanelPort* group : {&mSelector, &mSwitches, &mSoloMute}) {
-        if (*group) {
-            group->setLanguage(value);
-        }
-    }
-    if (mAutoGain) {
-        mAutoGain->setLanguage(value);
-    }
-    rename();
+    mBody.onAppSettingsChanged(attribute, value);
 }
 
 void InputBase::setStripEnabled(bool enabled)
@@ -252,8 +210,5 @@ void InputBase::setStripEnabled(bool enabled)
 void InputBase::resizeEvent(QResizeEvent* event)
 {
     Solo::resizeEvent(event);
-    mHead.layout();
-    for (const Child& child : mChildren) {
-        child.widget->setGeometry(placeRect(child.place, size(), child.widget->minimumSize()));
-    }
+    mBody.layout();
 }

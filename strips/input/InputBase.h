@@ -5,13 +5,11 @@
 #include "strips/ControlPorts.h"
 #include "strips/FieldMember.h"
 #include "strips/Solo.h"
+#include "strips/StripBody.h"
 #include "strips/StripEndpoint.h"
 #include "strips/StripEngine.h"
-#include "strips/StripHead.h"
-#include "strips/StripLayout.h"
 #include "workspace/WorkspaceObserver.h"
 
-#include <QList>
 #include <memory>
 
 namespace quillon
@@ -56,6 +54,7 @@ public:
     void set48V(bool on);
     void setGAIN(float gainDb);
     void setMUTE(bool on);
+    void setANTI(bool on);
     void setEQ(bool on);
     void setDUCKING(bool on);
     /// Tenths of a dB, 1 for clip; the single bar or one side of a stereo meter.
@@ -68,7 +67,7 @@ public:
     /// Until its workspace is loaded again the strip sends nothing and takes no part in the field's solo count.
     void suspend() { mEngine.suspend(); }
 
-    QString channelName() const override { return mHead.channelName(); }
+    QString channelName() const override { return mBody.head().channelName(); }
     void setStripEnabled(bool enabled) override;
     bool isStripEnabled() const override { return mEngine.isStripEnabled(); }
     quillon::DeviceSetter deviceSetter(QStringView attribute) override;
@@ -104,10 +103,11 @@ protected:
     template<class Meter> Meter* addMeter(Meter* meter);
     template<class Dial> Dial* addDial(Dial* dial);
     template<class Slider> Slider* addBalance(Slider* slider);
-    /// A group at place number 1 to 3 of the shape: the input selector, the switches that open or feed something, solo and mute.
+    /// A group at place number 1 to 3 of the shape: the input selector, the switches that open or feed something, solo and
+    /// mute, with the polarity where the group has it.
     template<class Group> void addSelector(int number, Group* group) { mSelector = adoptGroup(number, group); }
     template<class Group> void addSwitches(int number, Group* group) { mSwitches = adoptGroup(number, group); }
-    template<class Group> void addSoloMute(int number, Group* group) { mSoloMute = adoptGroup(number, group); }
+    template<class Group> void addSoloMute(int number, Group* group);
     /// Declares the rows of what was added. The last call of a member's constructor.
     void declare();
 
@@ -125,27 +125,19 @@ private:
     using RowId = quillon::StripEngine::RowId;
 
     template<class Group> quillon::PanelPort adoptGroup(int number, Group* group);
-    void adopt(QWidget* child, const char* objectName, const quillon::Place& place);
     void declareInput();
     void declareLevel();
     void declareBalance();
     void groupChanged(const QString& button, const QString& state);
     void showWindow(const QString& attribute, const QString& state);
     void runAutoGain();
-    void rename();
     void armClose();
     float wantedGain() const;
     void emitAttribute(const QString& attribute, const QString& value) { emit attributeChanged(objectName(), attribute, value); }
 
-    struct Child {
-        QWidget* widget;
-        quillon::Place place;
-    };
-
     const quillon::InputShape& mShape;
-    quillon::StripHead mHead;
+    quillon::StripBody mBody;
     quillon::StripEngine mEngine;
-    QList<Child> mChildren;
     quillon::MeterPort mMeter;
     quillon::ValuePort mDial;
     quillon::ValuePort mSlider;
@@ -159,16 +151,16 @@ private:
     RowId m48VRow = -1;
     RowId mSoloRow = -1;
     RowId mMuteRow = -1;
+    RowId mAntiRow = -1;
     RowId mGainRow = -1;
     RowId mBalanceRow = -1;
-    QString mLanguage;
-    QString mNaming; // what the accessible names were last made of
     float mGainDefault = 0;
     int mBalanceDefault = 100;
     float mMuteGain = -88.0F; // what a muted strip would send as its gain; nothing switches that on
     bool mMuteByGain = false;
     bool mUnmuteOnGain = false;
     bool mCloseEnabled = false;
+    bool mHasAnti = false;
 };
 
 template<class Meter> Meter* InputBase::addMeter(Meter* meter)
@@ -176,7 +168,7 @@ template<class Meter> Meter* InputBase::addMeter(Meter* meter)
     mMeter = quillon::meterPort(meter);
     meter->setScaleLinesHidden(true);
     meter->setHeightRatio(8, 3, 2, 2, 85, 0);
-    adopt(meter, "widgetVolumeMeter", mShape.meter);
+    mBody.adopt(mMeter, "widgetVolumeMeter", mShape.meter);
     return meter;
 }
 
@@ -189,7 +181,7 @@ template<class Dial> Dial* InputBase::addDial(Dial* dial)
     mSetDialDefault = [dial](float value) { dial->setDefault(value); };
     dial->setArcVisible(false);
     connect(dial, &Dial::valueChanged, this, &InputBase::in_widgetDial_valueChanged);
-    adopt(dial, "widgetDial", mShape.dial);
+    mBody.adopt(mDial, "widgetDial", mShape.dial, {"Gain", "增益"});
     return dial;
 }
 
@@ -200,8 +192,17 @@ template<class Slider> Slider* InputBase::addBalance(Slider* slider)
                .set = [slider](float value) { slider->setValue(value, false); },
                .setFont = [slider](const QFont& font) { slider->setFont(font); }};
     connect(slider, &Slider::valueChanged, this, &InputBase::in_widgetHSlider_valueChanged);
-    adopt(slider, "widgetHSlider", mShape.slider);
+    mBody.adopt(mSlider, "widgetHSlider", mShape.slider, {"Balance", "声像"});
     return slider;
+}
+
+template<class Group> void InputBase::addSoloMute(int number, Group* group)
+{
+    mSoloMute = adoptGroup(number, group);
+    mHasAnti = requires
+    {
+        group->setStateANTI(true);
+    };
 }
 
 template<class Group> quillon::PanelPort InputBase::adoptGroup(int number, Group* group)
@@ -220,6 +221,7 @@ template<class Group> quillon::PanelPort InputBase::adoptGroup(int number, Group
     if constexpr (requires { &Group::mouseClickEvent; }) {
         connect(group, &Group::mouseClickEvent, this, slot.changed);
     }
-    adopt(group, slot.objectName, mShape.groups[number - 1]);
-    return quillon::panelPort(group);
+    quillon::PanelPort port = quillon::panelPort(group);
+    mBody.adopt(port, slot.objectName, mShape.groups[number - 1]);
+    return port;
 }

@@ -26,6 +26,8 @@ void InputBase::groupChanged(const QString& button, const QString& state)
         mEngine.changed(mMuteRow);
     } else if (button == "48V"_L1) {
         mEngine.changed(m48VRow);
+    } else if (button == "ANTI"_L1) {
+        mEngine.changed(mAntiRow);
     } else if (button == "EQ"_L1 || button == "DUCKING"_L1) {
         showWindow(button, state);
     } else if (button == "AUTO"_L1) {
@@ -50,7 +52,7 @@ void InputBase::showWindow(const QString& attribute, const QString& state)
 
 void InputBase::runAutoGain()
 {
-    if (mAutoGain->run(mHead.name())) {
+    if (mAutoGain->run(mBody.head().name())) {
         mSwitches.set(u"AUTO"_s, false, false);
     }
 }
@@ -82,6 +84,13 @@ void InputBase::setGAIN(float gainDb)
 void InputBase::setMUTE(bool on)
 {
     mEngine.take(mMuteRow, on);
+}
+
+void InputBase::setANTI(bool on)
+{
+    if (mAntiRow >= 0) {
+        mEngine.take(mAntiRow, on);
+    }
 }
 
 void InputBase::setEQ(bool on)

@@ -1,34 +1,22 @@
 #include "strips/input/InputS1M1.h"
 
-#include "controls/DialS1M5.h"
 #include "controls/HSliderS1M1.h"
 #include "controls/PushButtonGroups.h"
-#include "controls/VolumeMeterS1M1.h"
 #include "strips/input/MicrophoneShape.h"
 
 namespace
 {
 
-constexpr quillon::InputShape kShape =
-    quillon::microphoneShape({48.0F, 3.0F, 38.0F, 0.0F, quillon::From::NameRow}, quillon::kMicrophoneSwitches);
+constexpr quillon::InputShape kShape = quillon::microphoneShape(quillon::kMicrophoneSelector, quillon::kMicrophoneSwitches);
 
 } // namespace
 
-InputS1M1::InputS1M1(const QString& objectName, QWidget* parent) : InputBase(kShape, objectName, parent)
+InputS1M1::InputS1M1(const QString& objectName, QWidget* parent) : MicrophoneInput(kShape, objectName, parent)
 {
-    addMeter(new VolumeMeterS1M1(this))->setWidthRatio(23, 30, 6, 35);
     addSelector(1, new PushButtonGroupS1M9(this));
     addSwitches(3, new PushButtonGroupS1M11(this));
-    mGainDial = addDial(new DialS1M5(this));
-    mGainDial->setSignShown(true);
+    addGain();
     addBalance(new HSliderS1M1(this));
     addSoloMute(2, new PushButtonGroupS1M2(this));
     declare();
-    setGainRange(0, 88);
-}
-
-InputS1M1& InputS1M1::setGainRange(float minimumDb, float maximumDb)
-{
-    mGainDial->setRange(minimumDb, maximumDb);
-    return *this;
 }

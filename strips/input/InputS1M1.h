@@ -1,19 +1,11 @@
 #pragma once
 
-#include "strips/input/InputBase.h"
-
-class DialS1M5;
+#include "strips/input/GainedInput.h"
 
 /// IN 1: input selector, phantom power, auto gain, equalizer and ducking, balance.
-class InputS1M1 final : public InputBase
+class InputS1M1 final : public MicrophoneInput
 {
     Q_OBJECT
 public:
     explicit InputS1M1(const QString& objectName, QWidget* parent = nullptr);
-
-    /// Ends of the gain dial in dB, which moves by whole dB. A minimum above the maximum is ignored.
-    InputS1M1& setGainRange(float minimumDb, float maximumDb);
-
-private:
-    DialS1M5* mGainDial;
 };

@@ -1,20 +1,11 @@
 #pragma once
 
-#include "strips/GainScale.h"
-#include "strips/input/InputBase.h"
-
-class DialS1M6;
+#include "strips/input/GainedInput.h"
 
 /// AUX, BT and OTG IN: a stereo level, gain, solo and mute.
-class InputS1M3 final : public InputBase
+class InputS1M3 final : public StereoInput
 {
     Q_OBJECT
 public:
     explicit InputS1M3(const QString& objectName, QWidget* parent = nullptr);
-
-    /// The ladder of the gain dial.
-    InputS1M3& setGainRange(const quillon::GainScale& scale);
-
-private:
-    DialS1M6* mGainDial;
 };

@@ -5,6 +5,7 @@
 namespace quillon
 {
 
+inline constexpr Place kMicrophoneSelector{48.0F, 3.0F, 38.0F, 0.0F, From::NameRow};
 inline constexpr Place kMicrophoneSwitches{38.0F, 22.0F, 60.0F, 0.0F};
 
 /// The strip of a microphone input: level at the left, gain at the right, balance across. What stands in the first and in the third
@@ -17,6 +18,16 @@ constexpr InputShape microphoneShape(const Place& firstGroup, const Place& third
             .dial = {48.9F, 48.0F, 38.0F, kTitlePercent, From::NameRow},
             .slider = {0.0F, 58.0F, 100.0F, 16.0F, From::NameRow},
             .wholeGain = true};
+}
+
+/// The same with the polarity over solo and mute. Level and gain take the room of the balance.
+constexpr InputShape polarityShape(const Place& firstGroup, const Place& thirdGroup)
+{
+    InputShape shape = microphoneShape(firstGroup, thirdGroup);
+    shape.meter.height = 71.0F;
+    shape.dial = {42.0F, 44.0F, 52.0F, 24.0F, From::NameRow};
+    shape.slider = {};
+    return shape;
 }
 
 } // namespace quillon

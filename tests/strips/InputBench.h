@@ -7,25 +7,34 @@
 #include "strips/input/InputS1M1.h"
 #include "strips/input/InputS1M2.h"
 #include "strips/input/InputS1M3.h"
+#include "strips/input/InputS1M4.h"
+#include "strips/input/InputS1M5.h"
+#include "strips/input/InputS1M6.h"
 
 #include <QPushButton>
 
 namespace bench
 {
 
+template<class Strip> std::unique_ptr<InputBase> makeMember(const QString& objectName, const QString& channel)
+{
+    auto strip = std::make_unique<Strip>(objectName);
+    if constexpr (std::is_base_of_v<StereoInput, Strip>) {
+        strip->setGainRange(quillon::scaleAux).setGainDefault(-6);
+    } else {
+        strip->setGainRange(0, 88).setGainDefault(26);
+    }
+    strip->setChannelName(channel).setUnmuteOnGain(true);
+    return strip;
+}
+
 inline std::unique_ptr<InputBase> makeInput(QStringView member, const QString& objectName, const QString& channel)
 {
     quillon::initResources();
-    if (member == u"S1M3") {
-        auto strip = std::make_unique<InputS1M3>(objectName);
-        strip->setGainRange(quillon::scaleAux).setChannelName(channel).setGainDefault(-6).setUnmuteOnGain(true);
-        return strip;
-    }
-    const auto setUp = [&](auto strip) -> std::unique_ptr<InputBase> {
-        strip->setGainRange(0, 88).setChannelName(channel).setGainDefault(26).setUnmuteOnGain(true);
-        return strip;
-    };
-    return member == u"S1M1" ? setUp(std::make_unique<InputS1M1>(objectName)) : setUp(std::make_unique<InputS1M2>(objectName));
+    static constexpr std::unique_ptr<InputBase> (*kMembers[])(const QString&, const QString&){
+        makeMember<InputS1M1>, makeMember<InputS1M2>, makeMember<InputS1M3>,
+        makeMember<InputS1M4>, makeMember<InputS1M5>, makeMember<InputS1M6>};
+    return kMembers[member.last().digitValue() - 1](objectName, channel);
 }
 
 inline QPushButton* button(const QWidget& strip, const char* name)

@@ -34,14 +34,19 @@ struct OneStrip {
 void addMembers()
 {
     QTest::addColumn<QString>("member");
-    for (const char* member : {"S1M1", "S1M2", "S1M3"}) {
+    for (const char* member : {"S1M1", "S1M2", "S1M3", "S1M4", "S1M5", "S1M6"}) {
         QTest::newRow(member) << QString::fromLatin1(member);
     }
 }
 
 bool isMicrophone(const QString& member)
 {
-    return member != u"S1M3";
+    return member != u"S1M3" && member != u"S1M6";
+}
+
+bool hasPolarity(const QString& member)
+{
+    return member >= u"S1M4";
 }
 
 } // namespace
@@ -55,7 +60,10 @@ private slots:
         const std::tuple<QString, QStringList, QStringList> members[] = {
             {u"S1M1"_s, {u"BalanceLoad=100"_s}, {u"MIC=Mic1"_s, u"48V=0"_s, u"GAIN=26"_s, u"MUTE=0"_s}},
             {u"S1M2"_s, {u"BalanceLoad=100"_s}, {u"48V=0"_s, u"GAIN=26"_s, u"MUTE=0"_s}},
-            {u"S1M3"_s, {}, {u"GAIN=-6"_s, u"MUTE=0"_s}}};
+            {u"S1M3"_s, {}, {u"GAIN=-6"_s, u"MUTE=0"_s}},
+            {u"S1M4"_s, {}, {u"MIC=Mic1"_s, u"48V=0"_s, u"GAIN=26"_s, u"MUTE=0"_s, u"ANTI=0"_s}},
+            {u"S1M5"_s, {}, {u"48V=0"_s, u"GAIN=26"_s, u"MUTE=0"_s, u"ANTI=0"_s}},
+            {u"S1M6"_s, {}, {u"GAIN=-6"_s, u"MUTE=0"_s, u"ANTI=0"_s}}};
         for (const auto& [member, console, device] : members) {
             OneStrip one(member);
             QCOMPARE(one.record.take(), (isMicrophone(member) ? QStringList{u"EQ=Off"_s} : QStringList{}) + console + device);
@@ -67,7 +75,12 @@ private slots:
             one.strip->updateAttribute();
             QVERIFY(one.record.lines.isEmpty());
             one.strip->loadSettings(); // hidden: nothing of the input stage
-            QCOMPARE(one.record.take(), console + QStringList({device.sliced(device.size() - 2).first(), u"MUTE=1"_s}));
+            QStringList hidden{*std::ranges::find_if(device, [](const QString& line) { return line.startsWith("GAIN"_L1); }),
+                               u"MUTE=1"_s};
+            if (hasPolarity(member)) {
+                hidden += u"ANTI=0"_s;
+            }
+            QCOMPARE(one.record.take(), console + hidden);
         }
     }
 
@@ -110,8 +123,11 @@ private slots:
         for (const QString& foreign : {u"Balance"_s, u"SOLO"_s, u"ChannelName"_s, u""_s, u"EQ"_s}) {
             QVERIFY2(!take(foreign, 1), qPrintable(foreign));
         }
-        QCOMPARE(take(u"MIC", u"MicHP"_s) && take(u"MIC", u"Mic99"_s), member == u"S1M1");
-        QCOMPARE(one.stored(u"MIC"_s).toString(), member == u"S1M1" ? u"MicHP"_s : QString());
+        const bool hasSelector = member == u"S1M1" || member == u"S1M4";
+        QCOMPARE(take(u"MIC", u"MicHP"_s) && take(u"MIC", u"Mic99"_s), hasSelector);
+        QCOMPARE(one.stored(u"MIC"_s).toString(), hasSelector ? u"MicHP"_s : QString());
+        QCOMPARE(take(u"ANTI", true), hasPolarity(member));
+        QCOMPARE(one.stored(u"ANTI"_s).toBool(), hasPolarity(member));
         one.strip->setEQ(true);
         one.strip->setDUCKING(true);
         one.strip->updateAttribute();
@@ -133,6 +149,10 @@ private slots:
         }
         one.record.take();
         for (const char* name : {"EQ", "DUCKING"}) {
+            if (!bench::button(*one.strip, name)) {
+                QVERIFY(hasPolarity(member)); // no ducking beside the polarity
+                continue;
+            }
             const QString attribute = QString::fromLatin1(name);
             const auto tells = [&](const char* what) {
                 return QTest::qWaitFor([&] { return !one.record.lines.isEmpty(); }) &&
@@ -148,6 +168,14 @@ private slots:
             QTest::mouseClick(bench::button(*one.strip, name), Qt::RightButton);
             QVERIFY(tells("Show"));
             QVERIFY(!one.workspace.file().contains(u"Input/"_s + attribute));
+        }
+        if (hasPolarity(member)) {
+            one.click("ANTI");
+            QCOMPARE(one.record.take(), QStringList{u"ANTI=1"_s});
+            one.strip->setStripEnabled(false);
+            QCOMPARE(one.record.take(), QStringList({u"MUTE=1"_s, u"ANTI=0"_s}));
+            QCOMPARE(one.stored(u"ANTI"_s).toBool(), true);
+            return;
         }
         QTest::keyClick(one.child("widgetHSlider"), Qt::Key_Right);
         QCOMPARE(one.record.take(), QStringList{u"Balance=101"_s});
