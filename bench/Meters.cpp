@@ -45,18 +45,23 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        const quillon::MeterLayout layout = quillon::layoutMeter(size(), mShape, mShape.ratios);
-        const QFont font = quillon::meterFont(GlobalFont::instance().font(), mShape, layout);
         quillon::MeterMoments moments;
         for (const quillon::MeterChannel& channel : mChannels) {
             moments.append({channel.level(), channel.hold(), channel.clip()});
         }
         QPainter painter(this);
-        quillon::paintMeter(painter, {&mShape, mShape.ratios, size(), font}, layout, moments);
+        quillon::paintMeter(painter, {&mShape, mShape.ratios, size(), mFont}, mLayout, moments);
+    }
+    void resizeEvent(QResizeEvent*) override
+    {
+        mLayout = quillon::layoutMeter(size(), mShape, mShape.ratios);
+        mFont = quillon::meterFont(GlobalFont::instance().font(), mShape, mLayout);
     }
 
 private:
     const quillon::MeterShape& mShape;
+    quillon::MeterLayout mLayout;
+    QFont mFont;
     std::vector<quillon::MeterChannel> mChannels;
 };
 

@@ -47,7 +47,7 @@ std::shared_ptr<MeterSkin> MeterSkin::shared(const MeterScene& scene, const Mete
 {
     static std::vector<std::weak_ptr<MeterSkin>> skins;
     for (const auto& weak : skins)
-        if (auto skin = weak.lock(); skin && skin->fits(scene, pixelRatio))
+        if (auto skin = weak.lock(); skin && skin->mPixelRatio == pixelRatio && skin->mScene == scene)
             return skin;
     std::erase_if(skins, [](const auto& weak) { return weak.expired(); });
     std::shared_ptr<MeterSkin> skin(new MeterSkin(scene, layout, pixelRatio));

@@ -36,7 +36,7 @@ public:
     /// pixelRatio: device pixels per pixel, whole.
     static std::shared_ptr<MeterSkin> shared(const MeterScene& scene, const MeterLayout& layout, int pixelRatio);
 
-    bool fits(const MeterScene& scene, int pixelRatio) const { return mPixelRatio == pixelRatio && mScene == scene; }
+    int pixelRatio() const { return mPixelRatio; }
 
     /// Copies what lies in area onto a surface of the skin's pixel ratio.
     void paint(const MeterSurface& surface, QRect area, const MeterMoments& moments);

@@ -39,7 +39,7 @@ MeterView::~MeterView() = default;
 void MeterView::feed(int lane, int tenthsOfDb)
 {
     if (const auto reading = decodeMeter(tenthsOfDb, mShape.floorDb)) {
-        mDecays[size_t(lane / mShape.lanesPerSide)].stop();
+        stopDecay(lane / mShape.lanesPerSide);
         take(lane, *reading);
     }
 }
@@ -47,17 +47,31 @@ void MeterView::feed(int lane, int tenthsOfDb)
 void MeterView::feedGained(int side, int tenthsOfDb, int gainDb)
 {
     if (const auto reading = decodeGained(tenthsOfDb, gainDb, mShape.floorDb)) {
-        mDecays[size_t(side)].stop();
+        stopDecay(side);
         take(side * mShape.lanesPerSide, reading->origin);
         take(side * mShape.lanesPerSide + 1, reading->gained);
     }
+}
+
+void MeterView::startDecay(int side)
+{
+    mDecays[size_t(side)].start();
+    mDecaying |= 1U << side;
+}
+
+void MeterView::stopDecay(int side)
+{
+    if (!isDecaying(side))
+        return;
+    mDecays[size_t(side)].stop();
+    mDecaying &= ~(1U << side);
 }
 
 void MeterView::take(int lane, MeterReading reading)
 {
     Lane& fed = mLanes[size_t(lane)];
     const int before = fed.channel.level();
-    const auto result = fed.channel.feed(reading, fed.hold.isActive());
+    const auto result = fed.channel.feed(reading, mShape.textRow && fed.hold.isActive());
     if (result.startClip)
         fed.clip.start(MeterChannel::kClipMs);
     if (result.startHold && mShape.textRow)
@@ -87,7 +101,7 @@ void MeterView::decay(int side)
         changed(lane, channel.decay(), before);
     }
     if (atFloor)
-        mDecays[size_t(side)].stop();
+        stopDecay(side);
 }
 
 void MeterView::changed(int lane, unsigned what, int levelBefore)
@@ -163,6 +177,7 @@ void MeterView::relayout()
 {
     mLayout = layoutMeter(mHost->size(), mShape, mRatios, mHidden);
     mScene = {&mShape, mRatios, mHost->size(), meterFont(mFont, mShape, mLayout), mHidden};
+    mSkin.reset();
     mTextAreas.clear();
     for (const MeterLane& lane : std::as_const(mLayout.lanes))
         mTextAreas.append(meterTextArea(mScene, lane));
@@ -196,7 +211,7 @@ MeterMoments MeterView::moments() const
 void MeterView::paint(QPaintEvent* event)
 {
     if (const auto surface = MeterSurface::of(*mHost); surface && mHost->isEnabled()) {
-        if (!mSkin || !mSkin->fits(mScene, surface->pixelRatio))
+        if (!mSkin || mSkin->pixelRatio() != surface->pixelRatio)
             mSkin = MeterSkin::shared(mScene, mLayout, surface->pixelRatio);
         for (const QRect& area : event->region())
             mSkin->paint(*surface, area, moments());

@@ -41,7 +41,8 @@ public:
     /// The same for the pair of a side, of which the second bar has a gain added.
     void feedGained(int side, int tenthsOfDb, int gainDb);
     /// Has a side run down to the floor until its next value.
-    void startDecay(int side) { mDecays[size_t(side)].start(); }
+    void startDecay(int side);
+    bool isDecaying(int side) const { return mDecaying & (1U << side); }
 
     void endHold(int lane);
     void endClip(int lane);
@@ -68,7 +69,7 @@ public:
     const MeterLayout& layout() const { return mLayout; }
 
     QTimer& clipTimer(int lane) { return mLanes[size_t(lane)].clip; }
-    QTimer& decayTimer(int side) { return mDecays[size_t(side)]; }
+    int decayMs(int side) const { return mDecays[size_t(side)].interval(); }
 
 private:
     struct Lane {
@@ -78,6 +79,7 @@ private:
         QTimer clip;
     };
 
+    void stopDecay(int side);
     void take(int lane, MeterReading reading);
     void relayout();
     void resendSize();
@@ -98,6 +100,7 @@ private:
     unsigned mHidden = 0;
     std::deque<Lane> mLanes; // timers do not move
     std::deque<QTimer> mDecays;
+    unsigned mDecaying = 0; // bits of sides: a feed seldom has a timer to look at
     std::shared_ptr<MeterSkin> mSkin;
     QElapsedTimer mAnnounced;
 };

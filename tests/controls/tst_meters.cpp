@@ -153,7 +153,7 @@ private:
     const MeterChannel& channel() const { return view().channel(mBar->lane); }
     const MeterLane& place() const { return view().layout().lanes[mBar->lane]; }
     void call(const QByteArray& slot) { QVERIFY(QMetaObject::invokeMethod(mMeter, slot.constData())); }
-    QTimer& decayTimer() { return view().decayTimer(mBar->decaySlot.contains("Right") ? 1 : 0); }
+    int side() const { return mBar->decaySlot.contains("Right") ? 1 : 0; }
 
 private slots:
     void risesAtOnceFallsByFour_data() { addBars(); }
@@ -167,7 +167,7 @@ private slots:
         QCOMPARE(channel().level(), -7);
         feed(-400);
         QCOMPARE(channel().level(), -11);
-        QVERIFY(!decayTimer().isActive()); // it stays where the last value left it
+        QVERIFY(!view().isDecaying(side())); // it stays where the last value left it
         if (mBar->number) {
             QCOMPARE(channel().hold(), -3);
             QTRY_COMPARE_WITH_TIMEOUT(channel().hold(), -11, 3000);
@@ -215,21 +215,21 @@ private slots:
     void decayStopsAtFloorAndByFeed()
     {
         build();
-        QCOMPARE(decayTimer().interval(), 55);
+        QCOMPARE(view().decayMs(side()), 55);
         feed((mBar->floorDb + 10) * 10);
-        decayTimer().start();
+        view().startDecay(side());
         feed(2); // no value, so it stops nothing
-        QVERIFY(decayTimer().isActive());
+        QVERIFY(view().isDecaying(side()));
         feed((mBar->floorDb + 10) * 10);
-        QVERIFY(!decayTimer().isActive());
-        decayTimer().start();
+        QVERIFY(!view().isDecaying(side()));
+        view().startDecay(side());
         for (const int above : {6, 2, 0}) {
             call(mBar->decaySlot);
             QCOMPARE(channel().level(), mBar->floorDb + above);
-            QVERIFY(decayTimer().isActive());
+            QVERIFY(view().isDecaying(side()));
         }
         call(mBar->decaySlot);
-        QVERIFY(!decayTimer().isActive());
+        QVERIFY(!view().isDecaying(side()));
     }
 
     void barFollowsLevel_data() { addBars(); }
@@ -271,7 +271,7 @@ private slots:
         QCOMPARE(viewOf(&stereo).accessibleText(), u"-85 dB, -25 dB, -10 dB, -90 dB"_s);
         stereo.startDecayLeft();
         QTRY_COMPARE_WITH_TIMEOUT(viewOf(&stereo).accessibleText(), u"-90 dB, -90 dB, -10 dB, -90 dB"_s, 5000);
-        QTRY_VERIFY(!viewOf(&stereo).decayTimer(0).isActive());
+        QTRY_VERIFY(!viewOf(&stereo).isDecaying(0));
     }
 
     /// Hidden parts keep their places free, and a hidden lamp is not there to be clicked.
