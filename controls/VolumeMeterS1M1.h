@@ -1,34 +1,11 @@
 #pragma once
 
-#include "controls/meter/MeterView.h"
+#include "controls/meter/MeterFaces.h"
 
-#include <QWidget>
-
-/// Level meter of one channel: bar, peak number, clip lamp, scale at the right. All motion comes from the values that it is fed;
-/// between them it does nothing. GUI thread.
-class VolumeMeterS1M1 : public QWidget, public quillon::MeterFace
+/// Level meter of one channel: bar, peak number, clip lamp, scale at the right. Down to -60 dB.
+class VolumeMeterS1M1 : public quillon::MonoMeter
 {
     Q_OBJECT
 public:
-    explicit VolumeMeterS1M1(QWidget* parent = nullptr);
-
-    /// Tenths of a dB, -600 to 0; less counts as -600, 1 is clip, and more than 1 is ignored.
-    void setVolumeMeter(int tenthsOfDb) { mView.feed(0, tenthsOfDb); }
-
-    /// Shares of the width and of the height in percent; below 0 counts as 0. The layout is redone at once.
-    void setWidthRatio(int margin, int meter, int space, int scale) { mView.setWidthRatios({margin, meter, space, scale}); }
-    void setHeightRatio(int text, int spaceText, int clip, int spaceClip, int bar, int bottom)
-    {
-        mView.setHeightRatios({text, spaceText, clip, spaceClip, bar, bottom});
-    }
-
-    using quillon::MeterFace::setFont;
-
-protected:
-    bool event(QEvent* event) override { return mView.handle(event) || QWidget::event(event); }
-
-private slots:
-    void in_timerText_timeout() { mView.endHold(0); }
-    void in_timerClip_timeout() { mView.endClip(0); }
-    void in_mTimerMeter_timeout() { mView.decay(0); }
+    explicit VolumeMeterS1M1(QWidget* parent = nullptr) : MonoMeter(quillon::kMeterS1M1, parent) {}
 };

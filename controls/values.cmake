@@ -14,14 +14,14 @@ target_sources(quillon_controls PRIVATE
     ValueEditor.cpp ValueEditor.h
     VSliderS1M1.cpp VSliderS1M1.h
     VSliderS1M2.cpp VSliderS1M2.h
-    VolumeMeterS1M1.cpp VolumeMeterS1M1.h
+    VolumeMeterS1M1.h
     VolumeMeterS1M2.cpp VolumeMeterS1M2.h
     VolumeMeterS1M3.cpp VolumeMeterS1M3.h
-    VolumeMeterS1M4.cpp VolumeMeterS1M4.h
-    VolumeMeterS1M5.cpp VolumeMeterS1M5.h
-    VolumeMeterS1M6.cpp VolumeMeterS1M6.h
-    VolumeMeterS1M7.cpp VolumeMeterS1M7.h
-    VolumeMeterS1M8.cpp VolumeMeterS1M8.h
+    VolumeMeterS1M4.h
+    VolumeMeterS1M5.h
+    VolumeMeterS1M6.h
+    VolumeMeterS1M7.h
+    VolumeMeterS1M8.h
     VolumeMeterS2M1.cpp VolumeMeterS2M1.h
     WheelGuard.cpp WheelGuard.h
     WheelSteps.h
@@ -31,6 +31,7 @@ target_sources(quillon_controls PRIVATE
     dial/DialPaint.cpp dial/DialPaint.h
     dial/Ladder.cpp dial/Ladder.h
     meter/MeterChannel.cpp meter/MeterChannel.h
+    meter/MeterFaces.cpp meter/MeterFaces.h
     meter/MeterPaint.cpp meter/MeterPaint.h
     meter/MeterShape.cpp meter/MeterShape.h
     meter/MeterSkin.cpp meter/MeterSkin.h
