@@ -264,6 +264,7 @@ void DeviceConnectorViewS1M1::setPage(int page)
     if (page < 0 || page >= mStack->count()) {
         return;
     }
+    fitPage(page);
     mStack->setCurrentIndex(page);
     QWidget* message = nullptr;
     QWidget* button = nullptr;
@@ -292,27 +293,34 @@ void DeviceConnectorViewS1M1::resizeEvent(QResizeEvent* event)
     fit();
 }
 
+/// Only the page on top; the others follow when they are shown, for twelve pages' texts cost the start more than the window does.
 void DeviceConnectorViewS1M1::fit()
 {
-    layoutPages();
+    layout()->setGeometry(rect());
     mFont.setPointSize(GlobalFont::instance().pointSizeForHeight(mFont, height() / kFontShare));
+    mFitted.reset();
+    fitPage(currentPage());
+}
+
+void DeviceConnectorViewS1M1::fitPage(int number)
+{
+    if (mFitted.test(static_cast<std::size_t>(number))) {
+        return;
+    }
+    mFitted.set(static_cast<std::size_t>(number));
+    // A page that is not on top yet is laid out only when it is shown; its texts need their rectangles now.
+    QWidget* page = mStack->widget(number);
+    page->resize(mStack->size());
+    page->layout()->setGeometry(page->rect());
     const QString checkStyle = kCheckStyle.toString().arg(height() * kSpacingShare).arg(height() * kIndicatorShare);
     for (const Item& item : mItems) {
+        if (item.row->page != number) {
+            continue;
+        }
         if (item.row->kind == ConnectKind::Check) {
             item.widget->setStyleSheet(checkStyle);
         }
         fitItem(item);
-    }
-}
-
-void DeviceConnectorViewS1M1::layoutPages()
-{
-    layout()->setGeometry(rect());
-    for (int index = 0; index < mStack->count(); ++index) {
-        // A page that is not on top is laid out only when it is shown; its texts need their rectangles now.
-        QWidget* page = mStack->widget(index);
-        page->resize(mStack->size());
-        page->layout()->setGeometry(page->rect());
     }
 }
 
@@ -342,7 +350,9 @@ void DeviceConnectorViewS1M1::setText(const Item& item, const QString& text)
     } else if (auto* button = qobject_cast<QAbstractButton*>(item.widget)) {
         button->setText(text);
     }
-    fitItem(item);
+    if (mFitted.test(static_cast<std::size_t>(item.row->page))) {
+        fitItem(item);
+    }
 }
 
 void DeviceConnectorViewS1M1::setText(QLatin1StringView object, const QString& text)

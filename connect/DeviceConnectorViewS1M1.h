@@ -2,6 +2,7 @@
 
 #include "connect/DeviceConnectorViewBase.h"
 
+#include <bitset>
 #include <vector>
 
 class QProgressBar;
@@ -41,7 +42,7 @@ private:
     QWidget* buildWidget(const quillon::ConnectRow& row, QWidget* page);
     void connectEvent(const quillon::ConnectRow& row, QWidget* widget);
     void fit();
-    void layoutPages();
+    void fitPage(int number);
     void fitItem(const Item& item);
     void setText(const Item& item, const QString& text);
     void setText(QLatin1StringView object, const QString& text);
@@ -49,6 +50,7 @@ private:
     QStackedWidget* mStack;
     QProgressBar* mProgress = nullptr;
     std::vector<Item> mItems;
+    std::bitset<ConnectPageCount> mFitted; // by page: whether its texts have their sizes
     QFont mFont;
     QString mLanguage;
 };
