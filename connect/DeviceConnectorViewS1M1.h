@@ -50,7 +50,7 @@ private:
     QStackedWidget* mStack;
     QProgressBar* mProgress = nullptr;
     std::vector<Item> mItems;
-    std::bitset<ConnectPageCount> mFitted; // by page: whether its texts have their sizes
+    std::bitset<quillon::ConnectPageCount> mFitted; // by page: whether its texts have their sizes
     QFont mFont;
     QString mLanguage;
 };
