@@ -1,5 +1,7 @@
 #include "strips/input/InputBase.h"
 
+#include "strips/PanelRows.h"
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -59,21 +61,10 @@ void InputBase::declare()
 void InputBase::declareInput()
 {
     if (mSelector) {
-        mMicRow =
-            mEngine.add({.key = u"MIC"_s,
-                         .form = ValueForm::Text,
-                         .initial = [] { return u"Mic1"_s; },
-                         .read = [this] { return mSelector.getState({}); },
-                         .show = [this](const StripValue& value) { mSelector.setState(std::get<QString>(value), u"1"_s, false); },
-                         .sends = {u"MIC"_s}});
+        mMicRow = mEngine.add(quillon::microphoneRow(mSelector));
     }
     if (mSwitches) {
-        m48VRow =
-            mEngine.add({.key = u"48V"_s,
-                         .initial = [] { return 0; },
-                         .read = [this] { return mSwitches.isOn(u"48V"_s) ? 1 : 0; },
-                         .show = [this](const StripValue& value) { mSwitches.set(u"48V"_s, std::get<int>(value) != 0, false); },
-                         .sends = {u"48V"_s}});
+        m48VRow = mEngine.add(quillon::switchRow(mSwitches, u"48V"_s));
         mAutoGain = std::make_unique<quillon::AutoGainLink>(
             this, quillon::AutoGainLink::Host{.dial = mDial,
                                               .gainChanged = [this](float gainDb) { in_widgetDial_valueChanged(gainDb); },
@@ -112,14 +103,10 @@ void InputBase::declareLevel()
                             .sends = {u"GAIN"_s},
                             .whileHidden = AsShown{}});
     if (mHasAnti) {
-        mAntiRow =
-            mEngine.add({.key = u"ANTI"_s,
-                         .initial = [] { return 0; },
-                         .read = [this] { return mSoloMute.isOn(u"ANTI"_s) ? 1 : 0; },
-                         .show = [this](const StripValue& value) { mSoloMute.set(u"ANTI"_s, std::get<int>(value) != 0, false); },
-                         .sends = {u"ANTI"_s},
-                         .sendOrder = 2,
-                         .whileHidden = StripValue{0}});
+        quillon::StripRow anti = quillon::switchRow(mSoloMute, u"ANTI"_s);
+        anti.sendOrder = 2;
+        anti.whileHidden = StripValue{0};
+        mAntiRow = mEngine.add(std::move(anti));
     }
 }
 

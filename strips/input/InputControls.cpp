@@ -1,5 +1,6 @@
 // The controls of an input strip: what happens when they are moved, by the user and by the device.
 
+#include "strips/PanelRows.h"
 #include "strips/input/InputBase.h"
 
 using namespace Qt::StringLiterals;
@@ -41,12 +42,8 @@ void InputBase::groupChanged(const QString& button, const QString& state)
 
 void InputBase::showWindow(const QString& attribute, const QString& state)
 {
-    if (state == "RightButtonSingle"_L1 || state == "LeftButtonDouble"_L1) {
-        emitAttribute(attribute, u"Show"_s);
-    } else if (state == "1"_L1) {
-        emitAttribute(attribute, u"On"_s);
-    } else if (state == "0"_L1) {
-        emitAttribute(attribute, u"Off"_s);
+    if (const QString value = quillon::windowEvent(state); !value.isEmpty()) {
+        emitAttribute(attribute, value);
     }
 }
 

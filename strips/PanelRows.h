@@ -1,0 +1,20 @@
+#pragma once
+// Rows of what stands on many strips' button panels.
+
+#include "strips/ControlPorts.h"
+#include "strips/StripRow.h"
+
+namespace quillon
+{
+
+/// A switch of a panel: kept and sent under the name of its button, off in a fresh workspace. The panel must outlive the row.
+StripRow switchRow(const PanelPort& panel, const QString& button);
+/// The microphone that a panel selects, of a selector or of a set of exclusive buttons: "Mic1" in a fresh workspace.
+StripRow microphoneRow(const PanelPort& panel);
+/// True for the buttons that microphoneRow() is about.
+bool isMicrophone(const QString& button);
+/// The value of an event for a button that switches a window's feature and can also open it: "On", "Off", "Show"; empty where
+/// the state means nothing.
+QString windowEvent(const QString& state);
+
+} // namespace quillon

@@ -1,0 +1,110 @@
+#include "strips/PlainStrip.h"
+
+#include "strips/CaptionLabel.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon
+{
+
+PlainStrip::PlainStrip(QSize minimum, const QString& objectName, QWidget* parent)
+    : QWidget(parent), WorkspaceObserver(objectName), mBody(this),
+      mEngine(*this, [this](const QString& attribute, const QString& value) { raise(attribute, value); })
+{
+    setObjectName(objectName);
+    setMinimumSize(minimum);
+    mNameRow = mEngine.add({.key = u"ChannelName"_s,
+                            .form = ValueForm::Text,
+                            .initial = [this] { return channelName(); },
+                            .read = [this] { return mBody.head().name(); },
+                            .show =
+                                [this](const StripValue& value) {
+                                    mBody.head().showName(std::get<QString>(value));
+                                    mBody.rename();
+                                }});
+    connect(&mBody.head(), &StripHead::nameEdited, this, [this] {
+        mEngine.changed(mNameRow);
+        mBody.rename();
+    });
+    // The field matches on the channel's name, in the first place of the event.
+    connect(&mBody.head(), &StripHead::closeClicked, this, [this] { emit attributeChanged(channelName(), u"Hide"_s, u"1"_s); });
+}
+
+CaptionLabel* PlainStrip::addCaption(const char* objectName, const Place& place, const StripText& text)
+{
+    auto* label = new CaptionLabel(this);
+    label->setCaption(text.in(false));
+    mBody.adopt(label, objectName, place);
+    mBody.onFont([label](const QFont& font) { label->setFace(font); });
+    mBody.onLanguage([this, label, text](const QString&) { label->setCaption(text.in(mBody.isChinese())); });
+    return label;
+}
+
+PlainStrip& PlainStrip::setChannelName(const QString& name)
+{
+    mBody.setChannelName(name);
+    return *this;
+}
+
+PlainStrip& PlainStrip::setFont(const QFont& font)
+{
+    mBody.setFont(font);
+    return *this;
+}
+
+PlainStrip& PlainStrip::setCloseEnabled(bool on)
+{
+    mCloseEnabled = on;
+    armClose();
+    return *this;
+}
+
+PlainStrip& PlainStrip::setSaveEvents(bool on)
+{
+    mEngine.setSaveEvents(on);
+    return *this;
+}
+
+PlainStrip& PlainStrip::setNameEditable(bool editable)
+{
+    mBody.head().setNameEditable(editable);
+    return *this;
+}
+
+PlainStrip& PlainStrip::setOverlayVisible(bool visible)
+{
+    mBody.head().setOverlayVisible(visible);
+    return *this;
+}
+
+void PlainStrip::setStripEnabled(bool enabled)
+{
+    mEngine.setStripEnabled(enabled);
+    armClose();
+}
+
+void PlainStrip::armClose()
+{
+    mBody.head().setCloseArmed(mCloseEnabled && isStripEnabled());
+}
+
+DeviceSetter PlainStrip::deviceSetter(QStringView attribute)
+{
+    if (attribute == u"Plug") {
+        return [this](const QVariant& missing) { setOverlayVisible(missing.toBool()); };
+    }
+    return mEngine.deviceSetter(attribute);
+}
+
+void PlainStrip::onAppSettingsChanged(QString, QString attribute, QString value)
+{
+    mBody.onAppSettingsChanged(attribute, value);
+}
+
+void PlainStrip::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    mBody.layout();
+}
+
+} // namespace quillon

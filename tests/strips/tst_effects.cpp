@@ -1,0 +1,142 @@
+#include "StripBench.h"
+#include "resources/Resources.h"
+#include "strips/effect/EffectS1M3.h"
+#include "strips/effect/EffectS1M4.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+template<class Strip> struct OneEffect {
+    OneEffect()
+    {
+        quillon::initResources();
+        workspace.attach(strip);
+        record.listen(&strip);
+        strip.setChannelName(u"FX"_s);
+        strip.setStripEnabled(true);
+        strip.resize(strip.minimumSize() * 2);
+        strip.show();
+        strip.loadSettings();
+    }
+    QWidget* child(const char* name) const { return strip.template findChild<QWidget*>(QLatin1StringView(name)); }
+    QString stored(const char* key) const { return workspace.value(u"Effect"_s, QLatin1StringView(key)).toString(); }
+    QString lit() const
+    {
+        QStringList names;
+        for (const QPushButton* button : strip.template findChildren<QPushButton*>(QRegularExpression(u"^pushButton(?!Close)"_s))) {
+            if (button->isChecked()) {
+                names += button->objectName();
+            }
+        }
+        return names.join(u' ');
+    }
+    QStringList click(const char* button)
+    {
+        record.take();
+        QTest::mouseClick(child(button), Qt::LeftButton);
+        return record.take();
+    }
+    QStringList key(const char* dial, Qt::Key key)
+    {
+        record.take();
+        QTest::keyClick(child(dial), key);
+        return record.take();
+    }
+
+    bench::OpenWorkspace workspace;
+    bench::Record record;
+    Strip strip{u"Effect"_s};
+};
+
+} // namespace
+
+class tst_effects : public QObject
+{
+    Q_OBJECT
+private slots:
+    void noise()
+    {
+        OneEffect<EffectS1M3> one;
+        const QStringList fresh{u"NoiseReductionType=Bypass"_s, u"NoiseReduction=1"_s, u"NoiseReduction=1"_s};
+        QCOMPARE(one.record.take(), fresh);
+        QVERIFY(!one.child("dialNoiseReduction")->isEnabled());
+        QCOMPARE(one.lit(), u"pushButtonBypassNoise"_s);
+        QCOMPARE(one.click("pushButtonNC1"),
+                 QStringList({u"NoiseReductionType=NC1"_s, u"NoiseReduction=15"_s, u"NoiseReduction=15"_s}));
+        QCOMPARE(one.click("pushButtonNC1"), QStringList());
+        QCOMPARE(one.lit(), u"pushButtonNC1"_s);
+        QCOMPARE(one.key("dialNoiseReduction", Qt::Key_Up), QStringList{u"NoiseReduction=16"_s});
+        one.click("pushButtonBypassNoise");
+        QCOMPARE(one.stored("NoiseReductionBypass"), u"16"_s); // the setting that it covers
+        QCOMPARE(one.click("pushButtonBypassNoise"), QStringList({u"NoiseReductionType=NC1"_s, u"NoiseReduction=16"_s}));
+        QCOMPARE(one.stored("NoiseReductionNC2"), u"30"_s);
+        one.strip.setStripEnabled(false);
+        QCOMPARE(one.click("pushButtonNC2"), QStringList());
+        QCOMPARE(one.stored("NoiseReductionType"), u"NC2"_s);
+        one.strip.setStripEnabled(true);
+        QCOMPARE(one.record.take(), QStringList({u"NoiseReductionType=NC2"_s, u"NoiseReduction=30"_s, u"NoiseReduction=30"_s}));
+        one.strip.setSaveEvents(true);
+        one.strip.loadSettings();
+        QCOMPARE(one.record.lines.count(u"Save_NoiseReduction=30"_s), 1);
+        QCOMPARE(one.record.lines.filter(u"Save_NoiseReduction="_s).size(), 1);
+    }
+
+    void reverb()
+    {
+        OneEffect<EffectS1M4> one;
+        const QStringList fresh{u"DryWet=30"_s, u"ReverbType=Bypass"_s, u"Room=1"_s, u"Decay=0"_s};
+        QCOMPARE(one.record.take(), fresh);
+        one.strip.loadSettings();
+        QCOMPARE(one.record.take(), fresh);
+        QVERIFY(!one.child("dialDryWet")->isEnabled() && !one.child("dialRoom")->isEnabled() &&
+                !one.child("dialDecay")->isEnabled());
+        QCOMPARE(one.click("pushButtonReverbLive"), QStringList{u"ReverbType=LIVE"_s});
+        QCOMPARE(one.key("dialRoom", Qt::Key_Up), QStringList{u"Room=2"_s});
+        QCOMPARE(one.stored("ReverbLive") + one.stored("ReverbHall"), u"21"_s);
+        QCOMPARE(one.click("pushButtonReverbHall"), QStringList({u"ReverbType=HALL"_s, u"Room=1"_s})); // one room in the device
+        QCOMPARE(one.key("dialDecay", Qt::Key_Up), QStringList{u"Decay=1"_s});
+        QCOMPARE(one.key("dialDryWet", Qt::Key_Down), QStringList{u"DryWet=29"_s});
+        QCOMPARE(one.click("pushButtonBypassReverb"), QStringList{u"ReverbType=Bypass"_s});
+        QCOMPARE(one.click("pushButtonBypassReverb"), QStringList{u"ReverbType=HALL"_s});
+    }
+
+    void deviceAndGarbage()
+    {
+        OneEffect<EffectS1M4> one;
+        one.record.take();
+        one.strip.setReverbType(u"STUDIO"_s);
+        one.strip.setDryWet(55.0F);
+        one.strip.updateAttribute();
+        QCOMPARE(one.record.take(), QStringList());
+        QCOMPARE(one.lit() + one.stored("ReverbType") + one.stored("DryWet"), u"pushButtonReverbStudioSTUDIO55"_s);
+        QVERIFY(one.child("dialRoom")->isEnabled());
+        QVERIFY(!one.strip.deviceSetter(u"Room") && !one.strip.deviceSetter(u"ChannelName"));
+        one.workspace.file().setValue(u"Effect/ReverbType"_s, u"CAVE"_s);
+        one.workspace.file().setValue(u"Effect/DryWet"_s, u"soggy"_s);
+        one.strip.loadSettings();
+        QCOMPARE(one.record.take(), QStringList({u"DryWet=0"_s, u"ReverbType=CAVE"_s, u"Room=0"_s, u"Decay=0"_s}));
+        QCOMPARE(one.lit(), QString());
+        one.key("dialRoom", Qt::Key_Up); // no mode, no level to keep
+        QVERIFY(!one.workspace.file().allKeys().contains(u"Effect/"_s));
+    }
+
+    void titles()
+    {
+        OneEffect<EffectS1M3> one;
+        QCOMPARE(one.strip.findChild<QLineEdit*>()->text(), u"Noise Reduction"_s);
+        one.strip.onAppSettingsChanged({}, u"Language"_s, u"Chinese"_s);
+        QCOMPARE(one.strip.findChild<QLineEdit*>()->text(), u"降噪"_s);
+        QCOMPARE(one.strip.findChild<QLabel*>(u"labelNoiseClass"_s)->text(), u"降噪量"_s);
+        QCOMPARE(one.stored("ChannelName"), u"FX"_s);
+    }
+};
+
+QTEST_MAIN(tst_effects)
+#include "tst_effects.moc"
