@@ -16,5 +16,6 @@ inline constexpr GainScale scaleAux{9, -10, -52, -90};
 inline constexpr GainScale scaleLine{0, -10, -89, -89};
 inline constexpr GainScale scalePlayback{12, 12, -90, -90};
 inline constexpr GainScale scaleRecord{0, 0, -90, -90};
+inline constexpr GainScale scaleMicrophone{88, 88, 0, 0};
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #include "strips/PanelRows.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;

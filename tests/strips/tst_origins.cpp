@@ -1,0 +1,184 @@
+#include "StripBench.h"
+#include "controls/ToolButtonS1M1.h"
+#include "resources/Resources.h"
+#include "strips/origin/OriginS1M1.h"
+#include "strips/origin/OriginS1M10.h"
+#include "strips/origin/OriginS1M11.h"
+#include "strips/origin/OriginS1M12.h"
+#include "strips/origin/OriginS1M13.h"
+#include "strips/origin/OriginS1M2.h"
+#include "strips/origin/OriginS1M6.h"
+#include "strips/origin/OriginS1M7.h"
+#include "strips/origin/OriginS1M9.h"
+
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSlider>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// A member, and what it tells: of a fresh workspace, of a mute, and while hidden.
+struct Member {
+    const char* name;
+    std::unique_ptr<OriginBase> (*make)();
+    QStringList fresh;
+    QStringList muted;
+    QStringList hidden;
+};
+
+template<class Strip> std::unique_ptr<OriginBase> make()
+{
+    return std::make_unique<Strip>(u"Strip"_s);
+}
+
+const QStringList kMute{u"MUTE=1"_s};
+const QStringList kLowest{u"GAIN=-90"_s, u"GAINLeft=-90"_s, u"GAINRight=-90"_s, u"MUTE=1"_s};
+
+std::vector<Member> members()
+{
+    const QStringList plain{u"GAIN=0"_s, u"MUTE=0"_s};
+    const QStringList phantom = QStringList{u"48V=0"_s} + plain;
+    const QStringList microphone = QStringList{u"MIC=Mic1"_s} + phantom;
+    const QStringList eq{u"EQ=Off"_s};
+    return {{"S1M1", make<OriginS1M1>, microphone, kMute, kMute},
+            {"S1M2", make<OriginS1M2>, phantom, kMute, kMute},
+            {"S1M6", make<OriginS1M6>, plain, kMute, kMute},
+            {"S1M7", make<OriginS1M7>, {u"GAIN=0"_s, u"GAINLeft=0"_s, u"GAINRight=0"_s, u"MUTE=0"_s}, kLowest, kLowest},
+            {"S1M9", make<OriginS1M9>, plain, kMute, kMute},
+            {"S1M10", make<OriginS1M10>, eq + microphone, kMute, kMute},
+            {"S1M11", make<OriginS1M11>, eq + phantom, kMute, kMute},
+            {"S1M12", make<OriginS1M12>, plain, kMute, kMute},
+            {"S1M13", make<OriginS1M13>, {u"AudioSource=Mix B"_s, u"GAINLeft=0"_s, u"GAINRight=0"_s, u"MUTE=0"_s}, kMute, kMute}};
+}
+
+struct OneOrigin {
+    explicit OneOrigin(const Member& member) : strip(member.make())
+    {
+        quillon::initResources();
+        workspace.attach(*strip);
+        record.listen(strip.get());
+        if (auto* output = dynamic_cast<OriginS1M13*>(strip.get())) {
+            output->setAudioSourceDefault(u"Mix B"_s);
+        }
+        strip->setChannelName(u"IN 1"_s);
+        strip->setUnmuteOnGain(true);
+        strip->setStripEnabled(true);
+        strip->resize(strip->minimumSize() * 3);
+        strip->show();
+        strip->loadSettings();
+    }
+    QPushButton* button(const char* name) const
+    {
+        return strip->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(name));
+    }
+    QString stored(const char* key) const { return workspace.value(u"Strip"_s, QLatin1StringView(key)).toString(); }
+
+    bench::OpenWorkspace workspace;
+    bench::Record record;
+    std::unique_ptr<OriginBase> strip;
+};
+
+} // namespace
+
+class tst_origins : public QObject
+{
+    Q_OBJECT
+private slots:
+    void contract()
+    {
+        for (const Member& member : members()) {
+            OneOrigin one(member);
+            const auto tells = [&](const QStringList& expected) {
+                const QStringList told = one.record.take();
+                if (told != expected) {
+                    qWarning() << member.name << told << expected;
+                }
+                return told == expected;
+            };
+            QVERIFY(tells(member.fresh));
+            one.strip->loadSettings();
+            QStringList again = member.fresh;
+            again.removeAll(u"EQ=Off"_s);
+            QVERIFY(tells(again));
+            QTest::mouseClick(one.button("MUTE"), Qt::LeftButton);
+            QVERIFY(tells(member.muted));
+            QCOMPARE(one.stored("MUTE"), u"true"_s);
+            QTest::mouseClick(one.button("MUTE"), Qt::LeftButton);
+            one.record.take();
+            one.strip->setStripEnabled(false);
+            one.strip->updateAttribute();
+            QVERIFY(tells(member.hidden));
+            one.strip->setStripEnabled(true);
+            one.record.take();
+            one.strip->setGAIN(-7);
+            one.strip->setMUTE(true);
+            one.strip->setMIC(u"MicHP"_s);
+            one.strip->set48V(true);
+            QVERIFY(tells({}));
+            if (member.muted == kMute) { // the others tell of a mute by their gains
+                one.strip->updateAttribute();
+                QVERIFY(tells({}));
+            }
+            QCOMPARE(one.stored("MIC"), one.button("Mic1") ? u"MicHP"_s : QString());
+            QCOMPARE(one.stored("48V"), one.button("48V") ? u"true"_s : QString());
+            for (const char* key : {"GAIN", "MUTE", "MIC", "48V", "Nonsense"}) {
+                one.workspace.file().setValue(u"Strip/"_s + QLatin1StringView(key), u"\u0001garbage"_s);
+            }
+            one.strip->loadSettings();
+            QVERIFY(!one.record.take().join(u' ').contains(u"nan"_s));
+        }
+    }
+
+    void gainReleasesTheMute()
+    {
+        for (const Member& member : members()) {
+            OneOrigin one(member);
+            QTest::mouseClick(one.button("MUTE"), Qt::LeftButton);
+            auto* gain = one.strip->findChildren<QWidget*>(QRegularExpression(u"^widget(VSlider|Dial)$"_s)).first();
+            QWidget* hand = gain->findChild<QSlider*>() ? gain->findChild<QSlider*>() : gain;
+            const QString before = one.stored("GAIN");
+            QTest::keyClick(hand, member.fresh.contains(u"48V=0"_s) ? Qt::Key_Up : Qt::Key_Down);
+            QVERIFY2(one.stored("GAIN") != before, member.name);
+            QCOMPARE(one.stored("MUTE"), u"false"_s);
+        }
+    }
+
+    void fixedRouting()
+    {
+        OneOrigin one({"S1M13", make<OriginS1M13>, {}, {}, {}});
+        auto& output = dynamic_cast<OriginS1M13&>(*one.strip);
+        output.setAudioSourceVisible(false).setMuteGain(-90);
+        one.record.take();
+        output.loadSettings();
+        QCOMPARE(one.record.take(), QStringList({u"GAINLeft=0"_s, u"GAINRight=0"_s, u"MUTE=0"_s}));
+        QVERIFY(output.findChild<ToolButtonS1M1*>()->isHidden());
+        output.setStripEnabled(false);
+        QCOMPARE(one.record.take(), QStringList({u"GAINLeft=-90"_s, u"GAINRight=-90"_s, u"MUTE=1"_s}));
+    }
+
+    void layout()
+    {
+        for (const Member& member : members()) {
+            OneOrigin one(member);
+            QList<QWidget*> placed = one.strip->findChildren<QWidget*>(QRegularExpression(u"^(lineEdit|widget(?!Overlay))"_s),
+                                                                       Qt::FindDirectChildrenOnly);
+            QVERIFY(placed.size() >= 4);
+            for (const double scale : {1.0, 1.5, 2.67}) {
+                one.strip->resize((one.strip->minimumSize().toSizeF() * scale).toSize());
+                for (qsizetype i = 0; i < placed.size(); ++i) {
+                    QVERIFY2(one.strip->rect().contains(placed[i]->geometry()), member.name);
+                    for (qsizetype j = 0; j < i; ++j) {
+                        QVERIFY2(!placed[i]->geometry().intersects(placed[j]->geometry()),
+                                 qPrintable(QLatin1StringView(member.name) + placed[i]->objectName() + placed[j]->objectName()));
+                    }
+                }
+            }
+        }
+    }
+};
+
+QTEST_MAIN(tst_origins)
+#include "tst_origins.moc"
