@@ -16,7 +16,7 @@ StripEngine::RowId StripEngine::add(StripRow row)
     const auto id = static_cast<RowId>(mRows.size());
     mRows.push_back({std::move(row), {}, {}, {}});
     Row& added = mRows.back();
-    added.cache = unsent(added.declared.form);
+    resetCache(added);
     applyPrefix(added);
     if (!added.declared.sends.isEmpty()) {
         const auto place = std::ranges::upper_bound(mSendOrder, added.declared.sendOrder, {},
@@ -29,22 +29,33 @@ StripEngine::RowId StripEngine::add(StripRow row)
 void StripEngine::setPrefixes(const QStringList& prefixes)
 {
     mPrefixes = prefixes;
-    mPrefix = prefixes.value(0);
+    for (Row& row : mRows) {
+        resetCache(row);
+    }
+    setPrefix(0);
+}
+
+void StripEngine::setPrefix(qsizetype index)
+{
+    mPrefix = mPrefixes.value(index);
+    mPrefixIndex = static_cast<std::size_t>(index);
     for (Row& row : mRows) {
         applyPrefix(row);
     }
 }
 
-void StripEngine::selectPrefix(const QString& prefix)
+void StripEngine::selectPrefix(const QString& prefix, bool enabled)
 {
-    if (!mPrefixes.contains(prefix)) {
+    const qsizetype index = mPrefixes.indexOf(prefix);
+    if (index < 0) {
         return;
     }
-    mUpdateEnabled = false;
-    mPrefix = prefix;
-    for (Row& row : mRows) {
-        applyPrefix(row);
+    setPrefix(index);
+    mStripEnabled = enabled;
+    if (!mUpdateEnabled) {
+        return; // the load shows and sends
     }
+    mUpdateEnabled = false;
     show();
     mUpdateEnabled = true;
     updateAttribute();
@@ -52,7 +63,9 @@ void StripEngine::selectPrefix(const QString& prefix)
 
 void StripEngine::load()
 {
-    resetCache();
+    for (Row& row : mRows) {
+        resetCache(row);
+    }
     mUpdateEnabled = false;
     if (!mStore.hasValue(mStore.workspaceGroup())) {
         writeDefaults();
@@ -65,7 +78,7 @@ void StripEngine::load()
         echoAll();
     }
     mUpdateEnabled = true;
-    updateAttribute();
+    updateAllPrefixes();
 }
 
 void StripEngine::changed(RowId row)
@@ -94,6 +107,12 @@ StripValue StripEngine::stored(RowId row) const
     return fromVariant(kept.declared.form, mStore.loadValue(kept.key));
 }
 
+StripValue StripEngine::stored(RowId row, const QString& prefix) const
+{
+    const StripRow& kept = at(row).declared;
+    return fromVariant(kept.form, mStore.loadValue(kept.perMix ? prefix + kept.key : kept.key));
+}
+
 void StripEngine::take(RowId row, const QVariant& value)
 {
     Row& taken = at(row);
@@ -103,7 +122,7 @@ void StripEngine::take(RowId row, const QVariant& value)
     }
     // The control may have clamped the value or refused it: what it shows now is what must not be sent back.
     const StripValue kept = taken.declared.show ? taken.declared.read() : told;
-    taken.cache = kept;
+    sent(taken) = kept;
     if (!taken.declared.settle || taken.declared.settle()) {
         save(taken, kept);
     }
@@ -115,7 +134,39 @@ void StripEngine::updateAttribute()
         return;
     }
     for (const RowId id : mSendOrder) {
-        send(at(id));
+        Row& row = at(id);
+        const StripRow& declared = row.declared;
+        send(row.names, declared.form, sent(row),
+             wanted(declared, mStripEnabled, declared.wanted ? declared.wanted : declared.read));
+    }
+}
+
+void StripEngine::updateAllPrefixes()
+{
+    if (mUpdateEnabled && mHooks.visit) {
+        for (qsizetype i = 0; i < mPrefixes.size(); ++i) {
+            if (mPrefixes[i] != mPrefix) {
+                updateElsewhere(i);
+            }
+        }
+    }
+    updateAttribute();
+}
+
+void StripEngine::updateElsewhere(qsizetype prefix)
+{
+    const bool enabled = mHooks.visit(mPrefixes[prefix]);
+    for (const RowId id : mSendOrder) {
+        Row& row = at(id);
+        const StripRow& declared = row.declared;
+        if (!declared.perMix || !declared.elsewhere) {
+            continue;
+        }
+        QStringList names = declared.sends;
+        for (QString& name : names) {
+            name.prepend(mPrefixes[prefix]);
+        }
+        send(names, declared.form, row.sent[static_cast<std::size_t>(prefix)], wanted(declared, enabled, declared.elsewhere));
     }
 }
 
@@ -153,11 +204,10 @@ void StripEngine::applyPrefix(Row& row) const
     }
 }
 
-void StripEngine::resetCache()
+void StripEngine::resetCache(Row& row) const
 {
-    for (Row& row : mRows) {
-        row.cache = unsent(row.declared.form);
-    }
+    const auto prefixes = row.declared.perMix ? std::max<qsizetype>(mPrefixes.size(), 1) : 1;
+    row.sent.assign(static_cast<std::size_t>(prefixes), unsent(row.declared.form));
 }
 
 void StripEngine::writeDefaults()
@@ -215,32 +265,30 @@ void StripEngine::save(const Row& row, const StripValue& value)
     }
 }
 
-void StripEngine::send(Row& row)
+void StripEngine::send(const QStringList& names, ValueForm form, StripValue& sent, std::optional<StripValue> value)
 {
-    std::optional<StripValue> value = wanted(row);
-    if (!value || *value == row.cache) {
+    if (!value || *value == sent) {
         return;
     }
-    row.cache = std::move(*value);
+    sent = std::move(*value);
     // A listener may move the strip again before this returns: later values are sent from within, so this text must not change.
-    const QString text = toText(row.declared.form, row.cache);
-    for (const QString& name : row.names) {
+    const QString text = toText(form, sent);
+    for (const QString& name : names) {
         mRaise(name, text);
     }
 }
 
-std::optional<StripValue> StripEngine::wanted(const Row& row) const
+std::optional<StripValue> StripEngine::wanted(const StripRow& row, bool enabled, const std::function<StripValue()>& value)
 {
-    const StripRow& declared = row.declared;
-    if (!mStripEnabled) {
-        if (!declared.whileHidden) {
+    if (!enabled) {
+        if (!row.whileHidden) {
             return std::nullopt;
         }
-        if (const auto* fixed = std::get_if<StripValue>(&*declared.whileHidden)) {
+        if (const auto* fixed = std::get_if<StripValue>(&*row.whileHidden)) {
             return *fixed;
         }
     }
-    return declared.wanted ? declared.wanted() : declared.read();
+    return value();
 }
 
 } // namespace quillon

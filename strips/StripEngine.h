@@ -22,8 +22,11 @@ public:
 
     /// What only the strip knows, at the fixed points of a load. Each may be empty.
     struct Hooks {
-        std::function<void()> fresh; // after the defaults of a fresh group were written
-        std::function<void()> shown; // after all rows were shown, still silent
+        std::function<void()> fresh = {}; // after the defaults of a fresh group were written
+        std::function<void()> shown = {}; // after all rows were shown, still silent
+        /// The values of another prefix are sent next, from StripRow::elsewhere: does the strip stand in its field there? Empty
+        /// where only the current one is ever sent.
+        std::function<bool(const QString& prefix)> visit = {};
     };
 
     StripEngine(WorkspaceObserver& store, Raise raise);
@@ -35,10 +38,12 @@ public:
     void setHooks(Hooks hooks) { mHooks = std::move(hooks); }
     /// The prefixes of all mixes ("MixA_"), in order; the first becomes the current one. A fresh group gets defaults for each.
     void setPrefixes(const QStringList& prefixes);
-    /// Makes a prefix current and shows its values; the device hears of what differs. Unknown prefixes are ignored.
-    void selectPrefix(const QString& prefix);
+    const QString& prefix() const { return mPrefix; }
+    /// Makes a prefix current, under which the strip stands in its field or not, and shows its values; the device hears of what
+    /// differs from what it was sent under this prefix. Before a load it is only made current. Unknown prefixes are ignored.
+    void selectPrefix(const QString& prefix, bool enabled);
 
-    /// Reads the whole group, writes defaults first where it is fresh, and sends every row.
+    /// Reads the whole group, writes defaults first where it is fresh, and sends every row: those of the other prefixes first.
     void load();
     /// Until the next load nothing is sent, and the strip counts as not loaded.
     void suspend() { mUpdateEnabled = false; }
@@ -52,10 +57,14 @@ public:
     void store(RowId row, const StripValue& value);
     /// The stored value of a row, 0 or empty where there is none.
     StripValue stored(RowId row) const;
+    /// The same under another prefix.
+    StripValue stored(RowId row, const QString& prefix) const;
     /// The device has this value now: shown, cached and stored; the row itself is not sent.
     void take(RowId row, const QVariant& value);
     /// Sends each row whose value differs from what was sent last.
     void updateAttribute();
+    /// The same for the other prefixes as well, these first.
+    void updateAllPrefixes();
 
     /// The strip stands in its field. Off: rows fall to what they owe while hidden.
     void setStripEnabled(bool enabled);
@@ -70,19 +79,22 @@ public:
 private:
     struct Row {
         StripRow declared;
-        QString key;       // with the current prefix
-        QStringList names; // with the current prefix
-        StripValue cache;
+        QString key;                  // with the current prefix
+        QStringList names;            // with the current prefix
+        std::vector<StripValue> sent; // one for each prefix; a row that is not per mix has one
     };
 
     void applyPrefix(Row& row) const;
-    void resetCache();
+    void setPrefix(qsizetype index);
+    void resetCache(Row& row) const;
     void writeDefaults();
     void show();
     void echoAll();
     void save(const Row& row, const StripValue& value);
-    void send(Row& row);
-    std::optional<StripValue> wanted(const Row& row) const;
+    void updateElsewhere(qsizetype prefix);
+    void send(const QStringList& names, ValueForm form, StripValue& sent, std::optional<StripValue> value);
+    StripValue& sent(Row& row) { return row.sent[row.declared.perMix ? mPrefixIndex : 0]; }
+    static std::optional<StripValue> wanted(const StripRow& row, bool enabled, const std::function<StripValue()>& value);
     Row& at(RowId row) { return mRows[static_cast<std::size_t>(row)]; }
     const Row& at(RowId row) const { return mRows[static_cast<std::size_t>(row)]; }
 
@@ -93,6 +105,7 @@ private:
     std::vector<RowId> mSendOrder; // rows with attributes, as they are sent
     QStringList mPrefixes;
     QString mPrefix;
+    std::size_t mPrefixIndex = 0;
     bool mStripEnabled = false;
     bool mUpdateEnabled = false;
     bool mSaveEvents = false;

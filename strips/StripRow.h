@@ -40,6 +40,8 @@ struct StripRow {
     std::function<StripValue()> read = {};
     /// What the device ought to have, where that is not the kept value.
     std::function<StripValue()> wanted = {};
+    /// The same for a prefix that is not shown, out of the store; asked after the strip was told to visit it.
+    std::function<StripValue()> elsewhere = {};
     /// Moves the control without a signal. Empty for a row that no control shows.
     std::function<void(const StripValue&)> show = {};
     /// Runs once the control has moved, by the user or by the device; false keeps the value out of the workspace.

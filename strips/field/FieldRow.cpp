@@ -55,6 +55,7 @@ void FieldRow::setTitle(const QString& title)
 {
     mLabel->setText(title);
     mField->setAccessibleName(title);
+    emit titleLaidOut();
 }
 
 void FieldRow::setFont(const QFont& font)
@@ -146,6 +147,19 @@ void FieldRow::layoutTitle()
     font.setPointSize(GlobalFont::instance().pointSizeForHeight(mFont, height));
     mLabel->setFont(font);
     mLabel->setGeometry(height / 2, 0, std::max(mGeometry.title.width() - height, 0), height);
+    emit titleLaidOut();
+}
+
+QRect FieldRow::besideTitle() const
+{
+    QRect free = mGeometry.title;
+    free.setLeft(mLabel->x() + mLabel->fontMetrics().horizontalAdvance(mLabel->text()) + free.height() / 2);
+    return free;
+}
+
+QFont FieldRow::titleFont() const
+{
+    return mLabel->font();
 }
 
 int FieldRow::layoutStrips()

@@ -47,8 +47,13 @@ public:
     /// Redoes the layout for the field's present size.
     void relayout();
     void paint(QPainter& painter) const;
+    /// The free part of the title row, behind the title, and the title's font.
+    QRect besideTitle() const;
+    QFont titleFont() const;
 
 signals:
+    /// The title stands in another place or has another length.
+    void titleLaidOut();
     /// The user asked the box for a strip: name, "Visible", "1".
     void additionChanged(QString objectName, QString attribute, QString value);
 

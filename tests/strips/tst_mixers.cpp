@@ -1,0 +1,335 @@
+#include "StripBench.h"
+#include "resources/Resources.h"
+#include "strips/field/FieldMixerS1M1.h"
+#include "strips/mixer/MixerS1M1.h"
+#include "strips/mixer/MixerS1M2.h"
+#include "strips/mixer/MixerS1M3.h"
+#include "strips/mixer/MixerS1M4.h"
+
+#include "controls/VSliderS1M1.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+std::unique_ptr<MixerBase> makeMixer(const QString& member, const QString& objectName)
+{
+    quillon::initResources();
+    if (member == u"S1M1") {
+        return std::make_unique<MixerS1M1>(objectName);
+    }
+    if (member == u"S1M2") {
+        return std::make_unique<MixerS1M2>(objectName);
+    }
+    return member == u"S1M3" ? std::unique_ptr<MixerBase>(new MixerS1M3(objectName)) : std::make_unique<MixerS1M4>(objectName);
+}
+
+/// Three strips of one member in their field with two mixes; the third stands in the first mix only.
+struct Page {
+    explicit Page(const QString& member)
+    {
+        for (const QString& name : {u"AUX"_s, u"BT"_s, u"FX"_s}) {
+            strips.push_back(makeMixer(member, u"Mixer_"_s + name));
+            MixerBase* strip = strips.back().get();
+            strip->setChannelName(name);
+            QObject::connect(strip, &MixerBase::attributeChanged, strip,
+                             [this](const QString& object, const QString& attribute, const QString& value) {
+                                 if (attribute.contains("_Gain"_L1)) {
+                                     device[object + u'/' + attribute] = value.toInt();
+                                     sent += object + u'/' + attribute;
+                                 }
+                             });
+            workspace.attach(*strip);
+            list += strip;
+        }
+        workspace.attach(field);
+        field.setMixTable({{u"MixA"_s, u"Mix A"_s, Qt::green, {u"AUX"_s, u"BT"_s, u"FX"_s}},
+                           {u"MixB"_s, u"Mix B"_s, Qt::blue, {u"AUX"_s, u"BT"_s}}});
+        field.setWidgetList(list);
+        field.resize(900, 660);
+        field.show();
+        load();
+    }
+    ~Page()
+    {
+        for (const auto& strip : strips) {
+            strip->setParent(nullptr);
+        }
+    }
+    void load()
+    {
+        sent.clear();
+        field.loadSettings();
+        for (MixerBase* strip : list) {
+            strip->loadSettings();
+        }
+    }
+    template<class Widget = QWidget> Widget* child(qsizetype i, const QString& name) const
+    {
+        return list[i]->findChild<Widget*>(name);
+    }
+    /// The button of a side: "", "2" and "3" are the groups of the linked form, of left and of right.
+    QPushButton* button(qsizetype i, int group, const char* name) const
+    {
+        auto* panel = child(i, u"widgetPushButtonGroup%1"_s.arg(group));
+        return panel ? panel->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(name)) : nullptr;
+    }
+    void fade(qsizetype i, const char* fader, int db)
+    {
+        auto* widget = child<VSliderS1M1>(i, QString::fromLatin1(fader));
+        widget->setValue(db);
+        emit widget->valueChanged(db);
+    }
+    void select(const QString& mix) { emit field.attributeChanged(u"Mixer_All"_s, u"Mixer"_s, mix); }
+    QList<int> gains(qsizetype i, const QString& mix) const
+    {
+        QList<int> all;
+        for (const char* gain : {"MLCL", "MLCR", "MRCL", "MRCR"}) {
+            all += device.value(list[i]->objectName() + u'/' + mix + u"_Gain"_s + QLatin1StringView(gain), -1);
+        }
+        return all;
+    }
+
+    bench::OpenWorkspace workspace;
+    std::vector<std::unique_ptr<MixerBase>> strips;
+    QList<MixerBase*> list;
+    FieldMixerS1M1 field{u"FieldMixer"_s};
+    QMap<QString, int> device;
+    QStringList sent;
+};
+
+constexpr int kUnity = 33554432;
+
+bool isLinkable(const QString& member)
+{
+    return member == u"S1M1" || member == u"S1M4";
+}
+
+void addMembers()
+{
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<QList<int>>("unity");
+    QTest::newRow("S1M1") << u"S1M1"_s << QList{kUnity, 0, 0, kUnity};
+    QTest::newRow("S1M2") << u"S1M2"_s << QList{kUnity, 0, 0, kUnity};
+    QTest::newRow("S1M3") << u"S1M3"_s << QList{kUnity, kUnity, kUnity, kUnity};
+    QTest::newRow("S1M4") << u"S1M4"_s << QList{kUnity, 0, 0, kUnity};
+}
+
+} // namespace
+
+class tst_mixers : public QObject
+{
+    Q_OBJECT
+private slots:
+    void gainLaws()
+    {
+        using namespace quillon;
+        for (const auto& [db, linear] : {std::pair{0, 33554432}, {12, 133582599}, {-90, 0}, {-120, 0}, {-89, 1190}}) {
+            QCOMPARE(linearGain(db), linear);
+            QCOMPARE(straightGains({.gainDb = db}), (MixGains{linear, 0, 0, linear}));
+        }
+        const auto side = [](float balance, bool inverted = false, bool mute = false) {
+            return MixChannel{.gainDb = 0, .mute = mute, .inverted = inverted, .balance = balance};
+        };
+        QCOMPARE(balancedGains({side(50), side(100)}), (MixGains{kUnity / 2, 0, kUnity / 2, kUnity}));
+        QCOMPARE(balancedGains({side(0, true), side(50, true)}), (MixGains{-kUnity, -kUnity / 2, 0, -kUnity / 2}));
+        QCOMPARE(balancedGains({side(50, true, true), side(50)}), (MixGains{0, kUnity / 2, 0, kUnity / 2}));
+        QCOMPARE(sharedGains({}, {100, 100}), (MixGains{kUnity, kUnity, kUnity, kUnity}));
+        QCOMPARE(sharedGains({}, {0, 150}), (MixGains{kUnity, kUnity / 2, 0, kUnity}));
+        QCOMPARE(sharedGains({.mute = true}, {0, 200}), MixGains{});
+    }
+
+    // Every mix is told on a load, the shown one last, and all of it again on the next.
+    void load_data() { addMembers(); }
+    void load()
+    {
+        QFETCH(const QString, member);
+        QFETCH(const QList<int>, unity);
+        Page page(member);
+        for (int round = 0; round < 2; ++round) {
+            QCOMPARE(page.sent.size(), 3 * 2 * 4);
+            QCOMPARE(page.sent.mid(0, 5).join(u' ').count(u"MixB_"_s), 4);
+            QCOMPARE(page.gains(0, u"MixA"_s), unity);
+            QCOMPARE(page.gains(1, u"MixB"_s), unity);
+            QCOMPARE(page.gains(2, u"MixB"_s), QList({0, 0, 0, 0})); // stands in the first mix only
+            page.load();
+        }
+        for (const QString& mix : {u"MixA_"_s, u"MixB_"_s}) {
+            QCOMPARE(page.workspace.file().contains(u"Mixer_AUX/"_s + mix + u"Link"_s), isLinkable(member));
+            QCOMPARE(page.workspace.value(u"Mixer_AUX"_s, mix + u"GAIN"_s).toString(), u"0"_s);
+        }
+        page.sent.clear();
+        emit page.list[0]->attributeChanged(u"AUX"_s, u"Hide"_s, u"1"_s);
+        QCOMPARE(page.gains(0, u"MixA"_s), QList({0, 0, 0, 0}));
+        QCOMPARE(page.sent.size(), member == u"S1M3" ? 4 : 2);
+        page.list[0]->updateAttribute();
+        QCOMPARE(page.gains(0, u"MixB"_s), unity);
+        QCOMPARE(page.sent.size(), member == u"S1M3" ? 4 : 2);
+    }
+
+    void mixesAreApart_data() { addMembers(); }
+    void mixesAreApart()
+    {
+        QFETCH(const QString, member);
+        QFETCH(const QList<int>, unity);
+        Page page(member);
+        page.fade(0, "widgetLinkedVSlider", -90);
+        page.button(1, 1, "SOLO")->click();
+        QCOMPARE(page.field.soloCount(), 1);
+        QVERIFY(page.list[2]->getMute());
+        page.sent.clear();
+        page.select(u"MixB"_s);
+        QVERIFY2(page.sent.isEmpty(), qPrintable(page.sent.join(u' '))); // was told all of it on the load
+        QCOMPARE(page.field.soloCount(), 0);
+        QVERIFY(!page.list[0]->getMute() && !page.list[1]->getSolo() && page.list[2]->isHidden());
+        page.fade(0, "widgetLinkedVSlider", -6);
+        page.select(u"nobody"_s);
+        page.select(u"MixA"_s);
+        QCOMPARE(page.gains(0, u"MixA"_s), QList({0, 0, 0, 0}));
+        QCOMPARE(page.gains(0, u"MixB"_s)[0], unity[0] ? static_cast<int>(float(std::pow(10, -0.3) * kUnity)) : 0);
+        QVERIFY(page.list[1]->getSolo() && page.list[2]->getMute());
+        QCOMPARE(page.child<VSliderS1M1>(0, u"widgetLinkedVSlider"_s)->value(), -90);
+        const auto device = std::exchange(page.device, {});
+        page.load(); // the file holds all of it
+        QCOMPARE(page.device, device);
+        QCOMPARE(page.field.mix(), u"MixA"_s);
+    }
+
+    // Whatever is clicked, in whatever mix: the device has what the file says, of the mixes that are not shown as well.
+    void randomClicks_data() { addMembers(); }
+    void randomClicks()
+    {
+        QFETCH(const QString, member);
+        Page page(member);
+        QRandomGenerator random(3);
+        for (int step = 0; step < 400; ++step) {
+            const auto i = random.bounded(3);
+            const int group = 1 + random.bounded(3);
+            const char* names[]{"SOLO", "MUTE", "ANTI", "SOLOLeft", "SOLORight", "MUTELeft", "MUTERight"};
+            auto* link = page.child<QPushButton>(i, u"pushButtonLink"_s);
+            switch (random.bounded(5)) {
+            case 0:
+                page.select(random.bounded(2) ? u"MixA"_s : u"MixB"_s);
+                break;
+            case 1:
+                page.fade(i, "widgetLinkedVSlider", random.bounded(-92, 14));
+                break;
+            case 2:
+                if (link && page.list[i]->isVisible()) {
+                    link->click();
+                }
+                break;
+            default:
+                if (QPushButton* button = page.button(i, group, names[random.bounded(7)]); button && button->isVisible()) {
+                    button->click();
+                }
+                break;
+            }
+            int solos = 0;
+            for (const MixerBase* strip : page.list) {
+                solos += strip->isStripEnabled() ? strip->solosTaken() : 0;
+            }
+            QCOMPARE(page.field.soloCount(), solos);
+            if (step % 10 == 0) {
+                const auto device = std::exchange(page.device, {});
+                page.load();
+                QCOMPARE(page.device, device);
+            }
+        }
+    }
+
+    void link()
+    {
+        Page page(u"S1M4"_s);
+        page.child<QPushButton>(0, u"pushButtonLink"_s)->click();
+        QCOMPARE(page.gains(0, u"MixA"_s), QList({kUnity / 2, kUnity / 2, kUnity / 2, kUnity / 2}));
+        QVERIFY(page.child(0, u"widgetUnlinkMeter"_s)->isVisible() && page.child(0, u"widgetLinkedVSlider"_s)->isHidden());
+        page.button(0, 2, "ANTI")->click();
+        page.button(0, 3, "MUTE")->click();
+        QCOMPARE(page.gains(0, u"MixA"_s), QList({-kUnity / 2, 0, -kUnity / 2, 0}));
+        page.select(u"MixB"_s);
+        QVERIFY(page.child<QPushButton>(0, u"pushButtonLink"_s)->isChecked());
+        QCOMPARE(page.gains(0, u"MixB"_s), QList({kUnity, 0, 0, kUnity}));
+        QTest::keyClick(page.child(0, u"widgetDialLeft"_s), Qt::Key_Up);
+        QCOMPARE(page.workspace.value(u"Mixer_AUX"_s, u"MixB_BalanceLinkedLeft"_s).toInt(), 1);
+        QCOMPARE(page.workspace.value(u"Mixer_AUX"_s, u"MixA_BalanceLinkedLeft"_s).toInt(), 0);
+    }
+
+    void microphoneBalance()
+    {
+        Page page(u"S1M3"_s);
+        auto* strip = static_cast<MixerS1M3*>(page.list[0]);
+        page.sent.clear();
+        strip->setBalanceLeft(0, false);
+        QVERIFY(page.sent.isEmpty());
+        strip->setBalanceRight(150, true);
+        for (const QString& mix : {u"MixB"_s, u"MixA"_s}) {
+            QCOMPARE(page.gains(0, mix), QList({kUnity, kUnity / 2, 0, kUnity}));
+        }
+        QCOMPARE(page.sent.size(), 4);
+    }
+
+    void garbageInTheFile_data() { addMembers(); }
+    void garbageInTheFile()
+    {
+        QFETCH(const QString, member);
+        Page page(member);
+        QSettings& file = page.workspace.file();
+        for (const char* key : {"GAIN", "GAINLeft", "BalanceLinkedLeft", "BalanceLinkedRight", "SOLO", "Link"}) {
+            file.setValue(u"Mixer_AUX/MixA_"_s + QLatin1StringView(key), u"9999999"_s);
+            file.setValue(u"Mixer_AUX/MixB_"_s + QLatin1StringView(key), u"9999999"_s);
+        }
+        file.setValue(u"FieldMixer/Mixer"_s, u"MixZ"_s);
+        file.setValue(u"FieldMixer/MixB_SoloState"_s, u"-7"_s);
+        file.setValue(u"FieldMixer/MixA_Visible"_s, QStringList({u"nobody"_s, u"AUX"_s}));
+        page.load();
+        QCOMPARE(page.field.visibleList(), QStringList{u"AUX"_s});
+        QCOMPARE(page.gains(0, u"MixA"_s), page.gains(0, u"MixB"_s)); // a control and the file are held to the same range
+        page.button(0, 1, "SOLO")->click();
+        QCOMPARE(page.field.soloCount(), 0);
+    }
+
+    void layout_data() { addMembers(); }
+    void layout()
+    {
+        QFETCH(const QString, member);
+        Page page(member);
+        MixerBase* strip = page.list[0];
+        for (const double scale : {1.0, 1.5, 2.67}) {
+            page.field.resize(QSize(900, static_cast<int>(330 * scale)));
+            QList<QWidget*> placed{page.child(0, u"lineEdit"_s)};
+            for (QWidget* child : strip->findChildren<QWidget*>(QRegularExpression(u"^(widget(?!Overlay)|pushButtonLink)"_s),
+                                                                Qt::FindDirectChildrenOnly)) {
+                if (child->isVisible()) {
+                    QVERIFY(strip->rect().contains(child->geometry()) && child->width() > 8);
+                    QVERIFY(child->objectName() == u"pushButtonLink" || !child->accessibleName().isEmpty() ||
+                            child->layout() == nullptr);
+                    for (const QWidget* other : std::as_const(placed)) {
+                        QVERIFY2(!child->geometry().intersects(other->geometry()), qPrintable(child->objectName()));
+                    }
+                    placed += child;
+                }
+            }
+            if (auto* link = page.child<QPushButton>(0, u"pushButtonLink"_s)) {
+                link->click();
+            }
+        }
+        if (const QString folder = qEnvironmentVariable("QUILLON_PICTURES"); !folder.isEmpty()) {
+            for (MixerBase* each : page.list) {
+                each->setVolumeMeterLeft(-180);
+                each->setVolumeMeterRight(-90);
+            }
+            page.field.grab().save(folder + u'/' + member + u".png"_s);
+        }
+    }
+};
+
+QTEST_MAIN(tst_mixers)
+#include "tst_mixers.moc"
