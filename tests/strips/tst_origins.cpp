@@ -9,6 +9,7 @@
 #include "strips/origin/OriginS1M2.h"
 #include "strips/origin/OriginS1M6.h"
 #include "strips/origin/OriginS1M7.h"
+#include "strips/origin/OriginS1M8.h"
 #include "strips/origin/OriginS1M9.h"
 
 #include <QPushButton>
@@ -34,6 +35,20 @@ template<class Strip> std::unique_ptr<OriginBase> make()
     return std::make_unique<Strip>(u"Strip"_s);
 }
 
+QStringList matrix(const QString& straight)
+{
+    QStringList lines;
+    for (const char* side : {"GainMLCL", "GainMLCR", "GainMRCL", "GainMRCR"}) {
+        for (const char* mix : {"", "MixA_", "MixB_", "MixC_"}) {
+            const bool isStraight = side[5] == side[7];
+            if (isStraight || straight == u"33554432") {
+                lines += QLatin1StringView(mix) + QLatin1StringView(side) + u'=' + (isStraight ? straight : u"0"_s);
+            }
+        }
+    }
+    return lines;
+}
+
 const QStringList kMute{u"MUTE=1"_s};
 const QStringList kLowest{u"GAIN=-90"_s, u"GAINLeft=-90"_s, u"GAINRight=-90"_s, u"MUTE=1"_s};
 
@@ -47,6 +62,7 @@ std::vector<Member> members()
             {"S1M2", make<OriginS1M2>, phantom, kMute, kMute},
             {"S1M6", make<OriginS1M6>, plain, kMute, kMute},
             {"S1M7", make<OriginS1M7>, {u"GAIN=0"_s, u"GAINLeft=0"_s, u"GAINRight=0"_s, u"MUTE=0"_s}, kLowest, kLowest},
+            {"S1M8", make<OriginS1M8>, matrix(u"33554432"_s), matrix(u"0"_s), matrix(u"0"_s)},
             {"S1M9", make<OriginS1M9>, plain, kMute, kMute},
             {"S1M10", make<OriginS1M10>, eq + microphone, kMute, kMute},
             {"S1M11", make<OriginS1M11>, eq + phantom, kMute, kMute},
