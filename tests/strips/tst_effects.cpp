@@ -2,6 +2,8 @@
 #include "resources/Resources.h"
 #include "strips/effect/EffectS1M3.h"
 #include "strips/effect/EffectS1M4.h"
+#include "strips/field/FieldEffectS1M1.h"
+#include "strips/field/FieldOriginS1M1.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -125,6 +127,30 @@ private slots:
         QCOMPARE(one.lit(), QString());
         one.key("dialRoom", Qt::Key_Up); // no mode, no level to keep
         QVERIFY(!one.workspace.file().allKeys().contains(u"Effect/"_s));
+    }
+
+    void fields()
+    {
+        OneEffect<EffectS1M3> noise;
+        OneEffect<EffectS1M4> reverb;
+        noise.strip.setChannelName(u"NC"_s);
+        bench::OpenWorkspace workspace;
+        FieldEffectS1M1 effects(u"FieldEffect"_s);
+        FieldOriginS1M1 bottom(u"FieldBottom"_s, {"Tools", "工具"});
+        workspace.attach(effects);
+        effects.setWidgetList({&noise.strip, &reverb.strip});
+        bottom.setWidgetList({});
+        effects.loadSettings();
+        QCOMPARE(effects.visibleList(), QStringList({u"NC"_s, u"FX"_s}));
+        emit noise.strip.attributeChanged(u"NC"_s, u"Hide"_s, u"1"_s);
+        QCOMPARE(workspace.value(u"FieldEffect"_s, u"Visible"_s).toStringList(), QStringList{u"FX"_s});
+        QVERIFY(!noise.strip.isStripEnabled());
+        for (auto [field, title] : {std::pair<quillon::PlainField*, QString>{&effects, u"效果"_s}, {&bottom, u"工具"_s}}) {
+            field->onAppSettingsChanged({}, u"Language"_s, u"Chinese"_s);
+            QCOMPARE(field->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text(), title);
+        }
+        noise.strip.setParent(nullptr);
+        reverb.strip.setParent(nullptr);
     }
 
     void titles()
