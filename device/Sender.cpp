@@ -15,7 +15,9 @@ constexpr unsigned long kPollMs = 50;
 // A device that works takes a report within a few milliseconds; the kernel gives up on one that doesn't after five seconds.
 constexpr qint64 kStallMs = 1200;
 constexpr qint64 kDrainMs = 5000;
-// Values that change together come microseconds apart, while falling asleep and being woken costs both threads more than that.
+// Values that change together come microseconds apart, while falling asleep and being woken costs both threads more than that. So
+// the writer looks out for the next report, but only within a burst: a single change finds a writer that sleeps soonest awake.
+constexpr auto kBurst = std::chrono::microseconds(200);
 constexpr auto kLinger = std::chrono::microseconds(30);
 
 } // namespace
@@ -98,14 +100,19 @@ void Sender::run()
 {
     {
         QList<QByteArray> batch; // changes places with the queue, so that both keep their memory
-        do {
+        auto lastWrite = std::chrono::steady_clock::time_point();
+        for (;;) {
             batch.clear();
             takeAll(batch);
+            const bool inBurst = std::chrono::steady_clock::now() - lastWrite < kBurst;
             if (!writeAll(batch)) {
                 break;
             }
-            linger();
-        } while (true);
+            if (inBurst) {
+                linger();
+            }
+            lastWrite = std::chrono::steady_clock::now();
+        }
     }
     mEnded.store(true);
 }
