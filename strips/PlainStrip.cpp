@@ -40,52 +40,10 @@ CaptionLabel* PlainStrip::addCaption(const char* objectName, const Place& place,
     return label;
 }
 
-PlainStrip& PlainStrip::setChannelName(const QString& name)
-{
-    mBody.setChannelName(name);
-    return *this;
-}
-
-PlainStrip& PlainStrip::setFont(const QFont& font)
-{
-    mBody.setFont(font);
-    return *this;
-}
-
-PlainStrip& PlainStrip::setCloseEnabled(bool on)
-{
-    mCloseEnabled = on;
-    armClose();
-    return *this;
-}
-
-PlainStrip& PlainStrip::setSaveEvents(bool on)
-{
-    mEngine.setSaveEvents(on);
-    return *this;
-}
-
-PlainStrip& PlainStrip::setNameEditable(bool editable)
-{
-    mBody.head().setNameEditable(editable);
-    return *this;
-}
-
-PlainStrip& PlainStrip::setOverlayVisible(bool visible)
-{
-    mBody.head().setOverlayVisible(visible);
-    return *this;
-}
-
 void PlainStrip::setStripEnabled(bool enabled)
 {
     mEngine.setStripEnabled(enabled);
     armClose();
-}
-
-void PlainStrip::armClose()
-{
-    mBody.head().setCloseArmed(mCloseEnabled && isStripEnabled());
 }
 
 DeviceSetter PlainStrip::deviceSetter(QStringView attribute)

@@ -5,6 +5,7 @@
 #include "strips/StripBody.h"
 #include "strips/StripEndpoint.h"
 #include "strips/StripEngine.h"
+#include "strips/StripSetup.h"
 #include "workspace/WorkspaceObserver.h"
 
 #include <QWidget>
@@ -14,18 +15,16 @@ namespace quillon
 class CaptionLabel;
 
 /// A strip that cannot be soloed: what it has beside its rows and controls. GUI thread.
-class PlainStrip : public QWidget, public StripEndpoint, public FieldMember, public WorkspaceObserver, public AppSettingsObserver
+class PlainStrip : public QWidget,
+                   public StripEndpoint,
+                   public FieldMember,
+                   public WorkspaceObserver,
+                   public AppSettingsObserver,
+                   public StripSetup<PlainStrip>
 {
     Q_OBJECT
 public:
-    // Set-up, by the page builder.
-    PlainStrip& setChannelName(const QString& name);
-    PlainStrip& setFont(const QFont& font);
-    PlainStrip& setCloseEnabled(bool on);
-    PlainStrip& setSaveEvents(bool on);
-    PlainStrip& setNameEditable(bool editable);
-    /// The plug of this source is missing: a translucent sheet over the top of the strip.
-    PlainStrip& setOverlayVisible(bool visible);
+    using StripSetup<PlainStrip>::setFont;
 
     /// Sends each value that differs from what was sent last, while the strip is loaded.
     virtual void updateAttribute() { mEngine.updateAttribute(); }
@@ -58,12 +57,11 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void armClose();
+    friend class StripSetup<PlainStrip>;
 
     StripBody mBody;
     StripEngine mEngine;
     StripEngine::RowId mNameRow;
-    bool mCloseEnabled = false;
 };
 
 } // namespace quillon

@@ -124,12 +124,6 @@ float InputBase::wantedGain() const
     return mMuteByGain && (!isStripEnabled() || getMute()) ? mMuteGain : mDial.get();
 }
 
-InputBase& InputBase::setChannelName(const QString& name)
-{
-    mBody.setChannelName(name);
-    return *this;
-}
-
 InputBase& InputBase::setGainDefault(float gainDb)
 {
     mGainDefault = gainDb;
@@ -137,46 +131,10 @@ InputBase& InputBase::setGainDefault(float gainDb)
     return *this;
 }
 
-InputBase& InputBase::setFont(const QFont& font)
-{
-    mBody.setFont(font);
-    return *this;
-}
-
 InputBase& InputBase::setUnmuteOnGain(bool on)
 {
     mUnmuteOnGain = on;
     return *this;
-}
-
-InputBase& InputBase::setCloseEnabled(bool on)
-{
-    mCloseEnabled = on;
-    armClose();
-    return *this;
-}
-
-InputBase& InputBase::setSaveEvents(bool on)
-{
-    mEngine.setSaveEvents(on);
-    return *this;
-}
-
-InputBase& InputBase::setNameEditable(bool editable)
-{
-    mBody.head().setNameEditable(editable);
-    return *this;
-}
-
-InputBase& InputBase::setOverlayVisible(bool visible)
-{
-    mBody.head().setOverlayVisible(visible);
-    return *this;
-}
-
-void InputBase::armClose()
-{
-    mBody.head().setCloseArmed(mCloseEnabled && isStripEnabled());
 }
 
 void InputBase::onAppSettingsChanged(QString, QString attribute, QString value)

@@ -8,6 +8,7 @@
 #include "strips/StripBody.h"
 #include "strips/StripEndpoint.h"
 #include "strips/StripEngine.h"
+#include "strips/StripSetup.h"
 #include "workspace/WorkspaceObserver.h"
 
 #include <memory>
@@ -32,22 +33,17 @@ class InputBase : public Solo,
                   public quillon::StripEndpoint,
                   public quillon::FieldMember,
                   public WorkspaceObserver,
-                  public AppSettingsObserver
+                  public AppSettingsObserver,
+                  public quillon::StripSetup<InputBase>
 {
     Q_OBJECT
 public:
-    // Set-up, by the page builder.
-    InputBase& setChannelName(const QString& name);
+    using quillon::StripSetup<InputBase>::setFont;
+    // More set-up, by the page builder.
     /// The gain of a fresh workspace and of a double click, in dB.
     InputBase& setGainDefault(float gainDb);
-    InputBase& setFont(const QFont& font);
     /// On: turning the gain of a muted strip releases the mute.
     InputBase& setUnmuteOnGain(bool on);
-    InputBase& setCloseEnabled(bool on);
-    InputBase& setSaveEvents(bool on);
-    InputBase& setNameEditable(bool editable);
-    /// The plug of this source is missing: a translucent sheet over the top of the strip.
-    InputBase& setOverlayVisible(bool visible);
 
     // Values of the device: shown and stored, not sent back. A strip without the control ignores them.
     void setMIC(const QString& input);
@@ -122,6 +118,8 @@ protected slots:
     void in_widgetBase_soloStateChanged(const QString& objectName, bool state);
 
 private:
+    friend class quillon::StripSetup<InputBase>;
+
     using RowId = quillon::StripEngine::RowId;
 
     template<class Group> quillon::PanelPort adoptGroup(int number, Group* group);
@@ -131,7 +129,6 @@ private:
     void groupChanged(const QString& button, const QString& state);
     void showWindow(const QString& attribute, const QString& state);
     void runAutoGain();
-    void armClose();
     float wantedGain() const;
     void emitAttribute(const QString& attribute, const QString& value) { emit attributeChanged(objectName(), attribute, value); }
 
@@ -159,7 +156,6 @@ private:
     float mMuteGain = -88.0F; // what a muted strip would send as its gain; nothing switches that on
     bool mMuteByGain = false;
     bool mUnmuteOnGain = false;
-    bool mCloseEnabled = false;
     bool mHasAnti = false;
 };
 

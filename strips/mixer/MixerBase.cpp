@@ -53,7 +53,7 @@ template<class Meter> void setRatios(Meter* meter, const std::array<int, 5>& w, 
 } // namespace
 
 MixerBase::MixerBase(const quillon::MixerShape& shape, const QString& objectName, QWidget* parent)
-    : Solo(parent), WorkspaceObserver(objectName), mShape(shape), mBody(this),
+    : Solo(parent), WorkspaceObserver(objectName), StripSetup(true), mShape(shape), mBody(this),
       mEngine(*this, [this](const QString& attribute, const QString& value) { emitAttribute(attribute, value); })
 {
     setObjectName(objectName);
@@ -411,52 +411,10 @@ quillon::DeviceSetter MixerBase::deviceSetter(QStringView attribute)
 
 // Set-up.
 
-MixerBase& MixerBase::setChannelName(const QString& name)
-{
-    mBody.setChannelName(name);
-    return *this;
-}
-
-MixerBase& MixerBase::setFont(const QFont& font)
-{
-    mBody.setFont(font);
-    return *this;
-}
-
-MixerBase& MixerBase::setCloseEnabled(bool on)
-{
-    mCloseEnabled = on;
-    armClose();
-    return *this;
-}
-
-MixerBase& MixerBase::setSaveEvents(bool on)
-{
-    mEngine.setSaveEvents(on);
-    return *this;
-}
-
-MixerBase& MixerBase::setNameEditable(bool editable)
-{
-    mBody.head().setNameEditable(editable);
-    return *this;
-}
-
-MixerBase& MixerBase::setOverlayVisible(bool visible)
-{
-    mBody.head().setOverlayVisible(visible);
-    return *this;
-}
-
 MixerBase& MixerBase::setLinkDefault(bool linked)
 {
     mLinkDefault = linked;
     return *this;
-}
-
-void MixerBase::armClose()
-{
-    mBody.head().setCloseArmed(mCloseEnabled && isStripEnabled());
 }
 
 void MixerBase::onAppSettingsChanged(QString, QString attribute, QString value)

@@ -6,6 +6,7 @@
 #include "strips/StripBody.h"
 #include "strips/StripEndpoint.h"
 #include "strips/StripEngine.h"
+#include "strips/StripSetup.h"
 #include "strips/mixer/Mix.h"
 #include "strips/mixer/MixGain.h"
 #include "workspace/WorkspaceObserver.h"
@@ -42,17 +43,13 @@ class MixerBase : public Solo,
                   public quillon::StripEndpoint,
                   public quillon::FieldMember,
                   public WorkspaceObserver,
-                  public AppSettingsObserver
+                  public AppSettingsObserver,
+                  public quillon::StripSetup<MixerBase>
 {
     Q_OBJECT
 public:
-    // Set-up, by the page builder.
-    MixerBase& setChannelName(const QString& name);
-    MixerBase& setFont(const QFont& font);
-    MixerBase& setCloseEnabled(bool on);
-    MixerBase& setSaveEvents(bool on);
-    MixerBase& setNameEditable(bool editable);
-    MixerBase& setOverlayVisible(bool visible);
+    using quillon::StripSetup<MixerBase>::setFont;
+    // More set-up, by the page builder.
     /// The form of a new workspace. Strips with one form only ignore it.
     MixerBase& setLinkDefault(bool linked);
     /// The mixes of the field, which must outlive the strip and keep their place; the first becomes the one shown.
@@ -141,6 +138,8 @@ protected slots:
     void in_widgetBase_soloStateChanged(const QString& objectName, bool state);
 
 private:
+    friend class quillon::StripSetup<MixerBase>;
+
     using RowId = quillon::StripEngine::RowId;
     struct Controls {
         VSliderS1M1* fader = nullptr;
@@ -174,7 +173,6 @@ private:
     void setButton(Side side, const QString& button, bool on, bool emitSignal);
     bool isOn(Side side, const QString& button) const;
     void feedMeter(std::size_t channel, int tenthsOfDb);
-    void armClose();
     void fitLink();
     void emitAttribute(const QString& attribute, const QString& value) { emit attributeChanged(objectName(), attribute, value); }
 
@@ -195,7 +193,6 @@ private:
     bool mHasAnti = false;
     bool mShownLinked = true;
     bool mLinkDefault = true;
-    bool mCloseEnabled = true;
 };
 
 template<class Dial> void MixerBase::addDials()

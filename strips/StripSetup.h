@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+namespace quillon
+{
+
+/// What every kind of strip takes from the page that it stands on, before it is loaded. Self, the base of the kind, has an mBody
+/// and an mEngine, and tells isStripEnabled(). Each call gives the strip back, so that a page writes a chain. GUI thread.
+template<class Self> class StripSetup
+{
+public:
+    Self& setChannelName(const QString& name)
+    {
+        self().mBody.setChannelName(name);
+        return self();
+    }
+    Self& setFont(const QFont& font)
+    {
+        self().mBody.setFont(font);
+        return self();
+    }
+    Self& setCloseEnabled(bool on)
+    {
+        mCloseEnabled = on;
+        armClose();
+        return self();
+    }
+    Self& setSaveEvents(bool on)
+    {
+        self().mEngine.setSaveEvents(on);
+        return self();
+    }
+    Self& setNameEditable(bool editable)
+    {
+        self().mBody.head().setNameEditable(editable);
+        return self();
+    }
+    /// The plug of this source is missing: a translucent sheet over the top of the strip.
+    Self& setOverlayVisible(bool visible)
+    {
+        self().mBody.head().setOverlayVisible(visible);
+        return self();
+    }
+
+protected:
+    explicit StripSetup(bool closeEnabled = false) : mCloseEnabled(closeEnabled) {}
+
+    /// A strip that is not shown has no use for its close button.
+    void armClose() { self().mBody.head().setCloseArmed(mCloseEnabled && self().isStripEnabled()); }
+
+private:
+    Self& self() { return static_cast<Self&>(*this); }
+
+    bool mCloseEnabled;
+};
+
+} // namespace quillon
