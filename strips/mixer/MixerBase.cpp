@@ -1,11 +1,10 @@
 #include "strips/mixer/MixerBase.h"
 
-#include "app/GlobalFont.h"
 #include "controls/VSliderS1M1.h"
 #include "controls/VolumeMeterS1M3.h"
 #include "controls/VolumeMeterS1M4.h"
 #include "controls/VolumeMeterS1M5.h"
-#include "controls/group/PlateButton.h"
+#include "strips/LinkButton.h"
 
 #include <algorithm>
 
@@ -79,15 +78,10 @@ void MixerBase::adoptDial(std::size_t channel, const quillon::ValuePort& port, s
 
 void MixerBase::addLinkButton()
 {
-    mLink = new quillon::PlateButton(this);
-    mLink->setText(u"Link"_s);
-    mLink->setCheckable(true);
-    const auto setFont = [this](const QFont& font) {
-        mLink->setFont(font);
-        fitLink();
-    };
-    mBody.adopt(quillon::ValuePort{.widget = mLink, .get = {}, .set = {}, .setFont = setFont}, "pushButtonLink", mShape.link,
-                {"Link", "联动"});
+    mLink = new quillon::LinkButton(this);
+    mBody.adopt(
+        quillon::ValuePort{.widget = mLink, .get = {}, .set = {}, .setFont = [this](const QFont& font) { mLink->setFace(font); }},
+        "pushButtonLink", mShape.link, {"Link", "联动"});
     connect(mLink, &QPushButton::clicked, this, &MixerBase::on_pushButtonLink_clicked);
 }
 
@@ -422,19 +416,8 @@ void MixerBase::onAppSettingsChanged(QString, QString attribute, QString value)
     mBody.onAppSettingsChanged(attribute, value);
 }
 
-void MixerBase::fitLink()
-{
-    QFont font = mLink->font();
-    const GlobalFont& fonts = GlobalFont::instance();
-    font.setPointSize(fonts.pointSizeForHeight(font, static_cast<int>(mLink->captionSize().height())));
-    mLink->setFont(font);
-}
-
 void MixerBase::resizeEvent(QResizeEvent* event)
 {
     Solo::resizeEvent(event);
     mBody.layout();
-    if (mLink) {
-        fitLink();
-    }
 }

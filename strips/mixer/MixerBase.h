@@ -18,7 +18,7 @@ class VSliderS1M1;
 namespace quillon
 {
 
-class PlateButton;
+class LinkButton;
 
 /// A mixer strip as data: its smallest size, where its controls stand, and the ratios of its meters.
 struct MixerShape {
@@ -173,7 +173,6 @@ private:
     void setButton(Side side, const QString& button, bool on, bool emitSignal);
     bool isOn(Side side, const QString& button) const;
     void feedMeter(std::size_t channel, int tenthsOfDb);
-    void fitLink();
     void emitAttribute(const QString& attribute, const QString& value) { emit attributeChanged(objectName(), attribute, value); }
 
     const quillon::MixerShape& mShape;
@@ -187,7 +186,7 @@ private:
     std::array<Feed, 2> mUnlinkFeeds;
     std::array<int, 2> mLevels{-900, -900};
     QList<QWidget*> mForms[2]; // widgets of the unlinked and of the linked form
-    quillon::PlateButton* mLink = nullptr;
+    quillon::LinkButton* mLink = nullptr;
     RowId mNameRow = -1;
     RowId mLinkRow = -1;
     bool mHasAnti = false;
