@@ -13,21 +13,7 @@ PlainStrip::PlainStrip(QSize minimum, const QString& objectName, QWidget* parent
 {
     setObjectName(objectName);
     setMinimumSize(minimum);
-    mNameRow = mEngine.add({.key = u"ChannelName"_s,
-                            .form = ValueForm::Text,
-                            .initial = [this] { return channelName(); },
-                            .read = [this] { return mBody.head().name(); },
-                            .show =
-                                [this](const StripValue& value) {
-                                    mBody.head().showName(std::get<QString>(value));
-                                    mBody.rename();
-                                }});
-    connect(&mBody.head(), &StripHead::nameEdited, this, [this] {
-        mEngine.changed(mNameRow);
-        mBody.rename();
-    });
-    // The field matches on the channel's name, in the first place of the event.
-    connect(&mBody.head(), &StripHead::closeClicked, this, [this] { emit attributeChanged(channelName(), u"Hide"_s, u"1"_s); });
+    declareName();
 }
 
 CaptionLabel* PlainStrip::addCaption(const char* objectName, const Place& place, const StripText& text)

@@ -61,7 +61,6 @@ private:
 
     StripBody mBody;
     StripEngine mEngine;
-    StripEngine::RowId mNameRow;
 };
 
 } // namespace quillon

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "strips/StripEngine.h"
+#include "strips/StripHead.h"
+
 #include <QFont>
+#include <QObject>
 #include <QString>
 
 namespace quillon
@@ -47,12 +51,35 @@ public:
 protected:
     explicit StripSetup(bool closeEnabled = false) : mCloseEnabled(closeEnabled) {}
 
+    /// Adds the row of the name, which stands before all others, and joins the name and the close button of the head.
+    void declareName()
+    {
+        Self& strip = self();
+        mNameRow = strip.mEngine.add({.key = QStringLiteral("ChannelName"),
+                                      .form = ValueForm::Text,
+                                      .initial = [&strip] { return strip.channelName(); },
+                                      .read = [&strip] { return strip.mBody.head().name(); },
+                                      .show =
+                                          [&strip](const StripValue& value) {
+                                              strip.mBody.head().showName(std::get<QString>(value));
+                                              strip.mBody.rename();
+                                          }});
+        QObject::connect(&strip.mBody.head(), &StripHead::nameEdited, &strip, [this, &strip] {
+            strip.mEngine.changed(mNameRow);
+            strip.mBody.rename();
+        });
+        // The field matches on the channel's name, in the first place of the event.
+        QObject::connect(&strip.mBody.head(), &StripHead::closeClicked, &strip, [&strip] {
+            emit strip.attributeChanged(strip.channelName(), QStringLiteral("Hide"), QStringLiteral("1"));
+        });
+    }
     /// A strip that is not shown has no use for its close button.
     void armClose() { self().mBody.head().setCloseArmed(mCloseEnabled && self().isStripEnabled()); }
 
 private:
     Self& self() { return static_cast<Self&>(*this); }
 
+    StripEngine::RowId mNameRow = -1;
     bool mCloseEnabled;
 };
 

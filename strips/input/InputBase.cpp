@@ -16,28 +16,13 @@ InputBase::InputBase(const quillon::InputShape& shape, const QString& objectName
     setObjectName(objectName);
     setMinimumSize(shape.minimum);
     connect(this, &Solo::soloStateChanged, this, &InputBase::in_widgetBase_soloStateChanged);
-    connect(&mBody.head(), &quillon::StripHead::nameEdited, this, [this] {
-        mEngine.changed(mNameRow);
-        mBody.rename();
-    });
-    // The field matches on the channel's name, in the first place of the event.
-    connect(&mBody.head(), &quillon::StripHead::closeClicked, this,
-            [this] { emit attributeChanged(channelName(), u"Hide"_s, u"1"_s); });
 }
 
 // Rows, in the order in which they are saved and loaded; sent are MIC, 48V, GAIN, MUTE and then ANTI.
 
 void InputBase::declare()
 {
-    mNameRow = mEngine.add({.key = u"ChannelName"_s,
-                            .form = ValueForm::Text,
-                            .initial = [this] { return channelName(); },
-                            .read = [this] { return mBody.head().name(); },
-                            .show =
-                                [this](const StripValue& value) {
-                                    mBody.head().showName(std::get<QString>(value));
-                                    mBody.rename();
-                                }});
+    declareName();
     declareInput();
     declareLevel();
     if (mSlider) {

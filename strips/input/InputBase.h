@@ -143,7 +143,6 @@ private:
     quillon::PanelPort mSoloMute;
     std::unique_ptr<quillon::AutoGainLink> mAutoGain; // strips with an AUTO button only
     std::function<void(float)> mSetDialDefault;
-    RowId mNameRow = -1;
     RowId mMicRow = -1;
     RowId m48VRow = -1;
     RowId mSoloRow = -1;

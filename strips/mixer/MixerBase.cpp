@@ -58,13 +58,6 @@ MixerBase::MixerBase(const quillon::MixerShape& shape, const QString& objectName
     setObjectName(objectName);
     setMinimumSize(shape.minimum);
     connect(this, &Solo::soloStateChanged, this, &MixerBase::in_widgetBase_soloStateChanged);
-    connect(&mBody.head(), &quillon::StripHead::nameEdited, this, [this] {
-        mEngine.changed(mNameRow);
-        mBody.rename();
-    });
-    // The field matches on the channel's name, in the first place of the event.
-    connect(&mBody.head(), &quillon::StripHead::closeClicked, this,
-            [this] { emit attributeChanged(channelName(), u"Hide"_s, u"1"_s); });
 }
 
 // Controls.
@@ -138,15 +131,7 @@ void MixerBase::adoptButtons(Side side, const quillon::PanelPort& port, const ch
 
 void MixerBase::declare()
 {
-    mNameRow = mEngine.add({.key = u"ChannelName"_s,
-                            .form = ValueForm::Text,
-                            .initial = [this] { return channelName(); },
-                            .read = [this] { return mBody.head().name(); },
-                            .show =
-                                [this](const StripValue& value) {
-                                    mBody.head().showName(std::get<QString>(value));
-                                    mBody.rename();
-                                }});
+    declareName();
     if (isLinkable()) {
         declareLink();
     }

@@ -187,7 +187,6 @@ private:
     std::array<int, 2> mLevels{-900, -900};
     QList<QWidget*> mForms[2]; // widgets of the unlinked and of the linked form
     quillon::LinkButton* mLink = nullptr;
-    RowId mNameRow = -1;
     RowId mLinkRow = -1;
     bool mHasAnti = false;
     bool mShownLinked = true;
