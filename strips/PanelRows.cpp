@@ -1,8 +1,5 @@
 #include "strips/PanelRows.h"
 
-#include <algorithm>
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon
@@ -11,7 +8,7 @@ namespace quillon
 namespace
 {
 
-const std::array kMicrophones{u"Mic1"_s, u"Mic35"_s, u"MicHP"_s};
+const QStringList kMicrophones{u"Mic1"_s, u"Mic35"_s, u"MicHP"_s};
 
 } // namespace
 
@@ -24,17 +21,17 @@ StripRow switchRow(const PanelPort& panel, const QString& button)
             .sends = {button}};
 }
 
-StripRow microphoneRow(const PanelPort& panel)
+StripRow choiceRow(const PanelPort& panel, const QString& key, const QStringList& buttons)
 {
-    return {.key = u"MIC"_s,
+    return {.key = key,
             .form = ValueForm::Text,
-            .initial = [] { return kMicrophones.front(); },
+            .initial = [first = buttons.front()] { return first; },
             .read =
-                [&panel] {
-                    if (QString selected = panel.getState({}); selected.isEmpty() || isMicrophone(selected)) {
+                [&panel, buttons] {
+                    if (QString selected = panel.getState({}); selected.isEmpty() || buttons.contains(selected)) {
                         return selected;
                     }
-                    for (const QString& button : kMicrophones) {
+                    for (const QString& button : buttons) {
                         if (panel.isOn(button)) {
                             return button;
                         }
@@ -42,17 +39,22 @@ StripRow microphoneRow(const PanelPort& panel)
                     return QString();
                 },
             .show =
-                [&panel](const StripValue& value) {
-                    if (const QString& button = std::get<QString>(value); isMicrophone(button)) {
+                [&panel, buttons](const StripValue& value) {
+                    if (const QString& button = std::get<QString>(value); buttons.contains(button)) {
                         panel.setState(button, u"1"_s, false);
                     }
                 },
-            .sends = {u"MIC"_s}};
+            .sends = {key}};
+}
+
+StripRow microphoneRow(const PanelPort& panel)
+{
+    return choiceRow(panel, u"MIC"_s, kMicrophones);
 }
 
 bool isMicrophone(const QString& button)
 {
-    return std::ranges::find(kMicrophones, button) != kMicrophones.end();
+    return kMicrophones.contains(button);
 }
 
 QString windowEvent(const QString& state)

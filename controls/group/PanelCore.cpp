@@ -67,9 +67,12 @@ void PanelCore::addButton(int index)
     const PanelButton& row = mShape.buttons[std::size_t(index)];
     auto* button = new PlateButton(mFrame, mShape.style, row.tone);
     button->setObjectName("PushButton"_L1 + QLatin1StringView(row.name));
-    button->setCheckable(true);
+    button->setCheckable(!row.momentary);
     button->setAutoExclusive(row.exclusive);
     mExclusive |= row.exclusive ? 1u << index : 0u;
+    if (row.momentary) {
+        connect(button, &QPushButton::clicked, this, [this, index] { emit changed(index, u"1"_s); });
+    }
     // Not clicked(): assistive technology toggles a button without a click.
     connect(button, &QPushButton::toggled, this, [this, index](bool checked) { buttonToggled(index, checked); });
     if (row.mouseEvents) {

@@ -27,6 +27,7 @@ struct PanelButton {
     bool exclusive = false;     ///< one of a set of which exactly one is lit; a panel has one such set at most
     bool mouseEvents = false;   ///< single and double clicks are told apart
     const char* icon = nullptr; ///< resource name of a picture before the button
+    bool momentary = false;     ///< a command: told on each press, never lit
 };
 
 /// One panel. Buttons are in bit order and flow into the grid row by row.

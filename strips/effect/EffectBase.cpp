@@ -1,22 +1,12 @@
 #include "strips/effect/EffectBase.h"
 
+#include "strips/ButtonPanel.h"
+
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
 using quillon::StripValue;
 using quillon::ValueForm;
-
-namespace quillon
-{
-
-ModePanel::ModePanel(const PanelShape& shape, QWidget* parent) : PanelFace(shape, parent)
-{
-    setMinimumSize(shape.width, shape.height);
-    connect(&mCore, &PanelCore::changed, this,
-            [this](int index, const QString& state) { emit stateChanged(mCore.nameOf(index), state); });
-}
-
-} // namespace quillon
 
 EffectBase::EffectBase(const quillon::EffectShape& shape, const QString& objectName, QWidget* parent)
     : PlainStrip(shape.minimum, objectName, parent), mShape(shape)
@@ -27,12 +17,12 @@ EffectBase::EffectBase(const quillon::EffectShape& shape, const QString& objectN
 void EffectBase::addModes(const quillon::PanelShape& panel, const char* objectName, const quillon::Place& place,
                           std::span<const char* const> names)
 {
-    auto* group = new quillon::ModePanel(panel, this);
+    auto* group = new quillon::ButtonPanel(panel, this);
     for (std::size_t i = 0; i < names.size(); ++i) {
         group->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(panel.buttons[i].name))
             ->setObjectName(QLatin1StringView(names[i]));
     }
-    connect(group, &quillon::ModePanel::stateChanged, this, [this](const QString& button, const QString& state) {
+    connect(group, &quillon::ButtonPanel::stateChanged, this, [this](const QString& button, const QString& state) {
         const bool leavesBypass = button == bypass() && state == "0"_L1;
         setType(leavesBypass ? mLastType : button);
     });

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/group/PanelFaces.h"
+#include "controls/group/PanelShape.h"
 #include "strips/PlainStrip.h"
 
 #include <span>
@@ -22,17 +22,6 @@ struct EffectShape {
     const char* typeKey;  // of the mode, to the workspace and to the device
     const char* levelKey; // of the level, to listeners
     std::span<const EffectMode> modes;
-};
-
-/// The mode buttons of an effect. The strip keeps them exclusive.
-class ModePanel : public PanelFace
-{
-    Q_OBJECT
-public:
-    ModePanel(const PanelShape& shape, QWidget* parent);
-
-signals:
-    void stateChanged(QString button, QString state);
 };
 
 } // namespace quillon

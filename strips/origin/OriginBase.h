@@ -76,8 +76,9 @@ private:
     };
     std::vector<std::unique_ptr<Panel>> mPanels; // rows refer to their ports
     std::unique_ptr<quillon::AutoGainLink> mAutoGain;
-    std::function<void(float)> mSetGainDefault;
-    std::function<void(const quillon::GainScale&)> mSetGainRange;
+    // Nothing on a strip without a gain.
+    std::function<void(float)> mSetGainDefault = [](float) {};
+    std::function<void(const quillon::GainScale&)> mSetGainRange = [](const quillon::GainScale&) {};
     QHash<QString, RowId> mRows; // by button
     RowId mGainRow = -1;
     float mGainDefault = 0;
