@@ -55,10 +55,7 @@ void StripEngine::selectPrefix(const QString& prefix, bool enabled)
     if (!mUpdateEnabled) {
         return; // the load shows and sends
     }
-    mUpdateEnabled = false;
-    show();
-    mUpdateEnabled = true;
-    updateAttribute();
+    changeTogether([this] { show(); });
 }
 
 void StripEngine::load()
@@ -139,6 +136,14 @@ void StripEngine::updateAttribute()
         send(row.names, declared.form, sent(row),
              wanted(declared, mStripEnabled, declared.wanted ? declared.wanted : declared.read));
     }
+}
+
+void StripEngine::changeTogether(const std::function<void()>& change)
+{
+    const bool enabled = std::exchange(mUpdateEnabled, false);
+    change();
+    mUpdateEnabled = enabled;
+    updateAttribute();
 }
 
 void StripEngine::updateAllPrefixes()

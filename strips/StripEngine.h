@@ -63,6 +63,8 @@ public:
     void take(RowId row, const QVariant& value);
     /// Sends each row whose value differs from what was sent last.
     void updateAttribute();
+    /// Moves several rows as one change: what the strip says while it is halfway is not sent.
+    void changeTogether(const std::function<void()>& change);
     /// The same for the other prefixes as well, these first.
     void updateAllPrefixes();
 

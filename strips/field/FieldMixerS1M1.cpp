@@ -151,7 +151,8 @@ void FieldMixerS1M1::changeSoloCount(bool soloed)
     int& count = current().soloCount;
     const bool wasSoloing = count != 0;
     if (soloed) {
-        count = std::min(count + 1, 2 * static_cast<int>(mStripList.size()));
+        // One strip at a time is between its forms, where it counts for both.
+        count = std::min(count + 1, 2 * static_cast<int>(mStripList.size()) + 1);
     } else {
         // A count that came out of a file may be too high: where no solo is left, the field has to be set free.
         count = anySolo() ? std::max(count - 1, 0) : 0;

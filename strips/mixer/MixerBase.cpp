@@ -332,10 +332,12 @@ void MixerBase::showForm()
 
 void MixerBase::on_pushButtonLink_clicked()
 {
-    mShownLinked = !mShownLinked;
-    showForm();
-    setLinked(mShownLinked);
-    mEngine.changed(mLinkRow);
+    mEngine.changeTogether([this] {
+        mShownLinked = !mShownLinked;
+        showForm();
+        setLinked(mShownLinked);
+        mEngine.changed(mLinkRow);
+    });
 }
 
 void MixerBase::balanceChanged(std::size_t channel, float value)

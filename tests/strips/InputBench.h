@@ -1,5 +1,5 @@
 #pragma once
-// Five real input strips in their field, with an open workspace, as the Live page has them.
+// Real input strips in their field, with an open workspace: five as the Live page has them, or others.
 
 #include "StripBench.h"
 #include "resources/Resources.h"
@@ -45,15 +45,13 @@ inline QPushButton* button(const QWidget& strip, const char* name)
 class LiveInputs
 {
 public:
-    LiveInputs()
+    explicit LiveInputs(const QStringList& members = {QStringLiteral("S1M1"), QStringLiteral("S1M2"), QStringLiteral("S1M3"),
+                                                      QStringLiteral("S1M3"), QStringLiteral("S1M3")})
     {
-        const char16_t* rows[][3] = {{u"S1M1", u"Input_IN1", u"IN 1"},
-                                     {u"S1M2", u"Input_IN2", u"IN 2"},
-                                     {u"S1M3", u"Input_AUX", u"AUX"},
-                                     {u"S1M3", u"Input_BT", u"BT"},
-                                     {u"S1M3", u"Input_OTGIN", u"OTG IN"}};
-        for (const auto& row : rows) {
-            strips.push_back(makeInput(row[0], QString::fromUtf16(row[1]), QString::fromUtf16(row[2])));
+        const char* names[][2] = {{"IN1", "IN 1"}, {"IN2", "IN 2"}, {"AUX", "AUX"}, {"BT", "BT"}, {"OTGIN", "OTG IN"}};
+        for (const auto& name : names) {
+            strips.push_back(makeInput(members[list.size()], QStringLiteral("Input_") + QLatin1StringView(name[0]),
+                                       QString::fromLatin1(name[1])));
             workspace.attach(*strips.back());
             list += strips.back().get();
         }
@@ -74,13 +72,8 @@ public:
             strip->loadSettings();
         }
     }
-    void hide(qsizetype i) { emit list[i]->attributeChanged(list[i]->channelName(), QStringLiteral("Hide"), QStringLiteral("1")); }
-    /// As the add box does it.
-    void add(const QString& name)
-    {
-        QMetaObject::invokeMethod(&field, "in_mWidgetAddition_attributeChanged", Q_ARG(QString, name),
-                                  Q_ARG(QString, QStringLiteral("Visible")), Q_ARG(QString, QStringLiteral("1")));
-    }
+    void hide(qsizetype i) { bench::hide(list[i]); }
+    void add(const QString& name) { bench::add(&field, name); }
 
     OpenWorkspace workspace;
     std::vector<std::unique_ptr<InputBase>> strips;

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWidget>
 #include <memory>
 
 #include "workspace/WorkspaceObserver.h"
@@ -54,5 +55,16 @@ struct Record {
             [this](const QString&, const QString& attribute, const QString& value) { lines += attribute + u'=' + value; });
     }
 };
+
+/// A strip's close button, and the box of its field that brings it back.
+template<class Strip> void hide(Strip* strip)
+{
+    emit strip->attributeChanged(strip->channelName(), QStringLiteral("Hide"), QStringLiteral("1"));
+}
+inline void add(QWidget* field, const QString& name)
+{
+    QMetaObject::invokeMethod(field, "in_mWidgetAddition_attributeChanged", Q_ARG(QString, name),
+                              Q_ARG(QString, QStringLiteral("Visible")), Q_ARG(QString, QStringLiteral("1")));
+}
 
 } // namespace bench

@@ -1,109 +1,14 @@
-#include "StripBench.h"
-#include "resources/Resources.h"
-#include "strips/field/FieldMixerS1M1.h"
-#include "strips/mixer/MixerS1M1.h"
-#include "strips/mixer/MixerS1M2.h"
-#include "strips/mixer/MixerS1M3.h"
-#include "strips/mixer/MixerS1M4.h"
-
-#include "controls/VSliderS1M1.h"
+#include "MixerBench.h"
 
 #include <QLineEdit>
-#include <QPushButton>
-#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+using Page = bench::MixerPage;
 
 namespace
 {
-
-std::unique_ptr<MixerBase> makeMixer(const QString& member, const QString& objectName)
-{
-    quillon::initResources();
-    if (member == u"S1M1") {
-        return std::make_unique<MixerS1M1>(objectName);
-    }
-    if (member == u"S1M2") {
-        return std::make_unique<MixerS1M2>(objectName);
-    }
-    return member == u"S1M3" ? std::unique_ptr<MixerBase>(new MixerS1M3(objectName)) : std::make_unique<MixerS1M4>(objectName);
-}
-
-/// Three strips of one member in their field with two mixes; the third stands in the first mix only.
-struct Page {
-    explicit Page(const QString& member)
-    {
-        for (const QString& name : {u"AUX"_s, u"BT"_s, u"FX"_s}) {
-            strips.push_back(makeMixer(member, u"Mixer_"_s + name));
-            MixerBase* strip = strips.back().get();
-            strip->setChannelName(name);
-            QObject::connect(strip, &MixerBase::attributeChanged, strip,
-                             [this](const QString& object, const QString& attribute, const QString& value) {
-                                 if (attribute.contains("_Gain"_L1)) {
-                                     device[object + u'/' + attribute] = value.toInt();
-                                     sent += object + u'/' + attribute;
-                                 }
-                             });
-            workspace.attach(*strip);
-            list += strip;
-        }
-        workspace.attach(field);
-        field.setMixTable({{u"MixA"_s, u"Mix A"_s, Qt::green, {u"AUX"_s, u"BT"_s, u"FX"_s}},
-                           {u"MixB"_s, u"Mix B"_s, Qt::blue, {u"AUX"_s, u"BT"_s}}});
-        field.setWidgetList(list);
-        field.resize(900, 660);
-        field.show();
-        load();
-    }
-    ~Page()
-    {
-        for (const auto& strip : strips) {
-            strip->setParent(nullptr);
-        }
-    }
-    void load()
-    {
-        sent.clear();
-        field.loadSettings();
-        for (MixerBase* strip : list) {
-            strip->loadSettings();
-        }
-    }
-    template<class Widget = QWidget> Widget* child(qsizetype i, const QString& name) const
-    {
-        return list[i]->findChild<Widget*>(name);
-    }
-    /// The button of a side: "", "2" and "3" are the groups of the linked form, of left and of right.
-    QPushButton* button(qsizetype i, int group, const char* name) const
-    {
-        auto* panel = child(i, u"widgetPushButtonGroup%1"_s.arg(group));
-        return panel ? panel->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(name)) : nullptr;
-    }
-    void fade(qsizetype i, const char* fader, int db)
-    {
-        auto* widget = child<VSliderS1M1>(i, QString::fromLatin1(fader));
-        widget->setValue(db);
-        emit widget->valueChanged(db);
-    }
-    void select(const QString& mix) { emit field.attributeChanged(u"Mixer_All"_s, u"Mixer"_s, mix); }
-    QList<int> gains(qsizetype i, const QString& mix) const
-    {
-        QList<int> all;
-        for (const char* gain : {"MLCL", "MLCR", "MRCL", "MRCR"}) {
-            all += device.value(list[i]->objectName() + u'/' + mix + u"_Gain"_s + QLatin1StringView(gain), -1);
-        }
-        return all;
-    }
-
-    bench::OpenWorkspace workspace;
-    std::vector<std::unique_ptr<MixerBase>> strips;
-    QList<MixerBase*> list;
-    FieldMixerS1M1 field{u"FieldMixer"_s};
-    QMap<QString, int> device;
-    QStringList sent;
-};
 
 constexpr int kUnity = 33554432;
 
@@ -200,49 +105,6 @@ private slots:
         page.load(); // the file holds all of it
         QCOMPARE(page.device, device);
         QCOMPARE(page.field.mix(), u"MixA"_s);
-    }
-
-    // Whatever is clicked, in whatever mix: the device has what the file says, of the mixes that are not shown as well.
-    void randomClicks_data() { addMembers(); }
-    void randomClicks()
-    {
-        QFETCH(const QString, member);
-        Page page(member);
-        QRandomGenerator random(3);
-        for (int step = 0; step < 400; ++step) {
-            const auto i = random.bounded(3);
-            const int group = 1 + random.bounded(3);
-            const char* names[]{"SOLO", "MUTE", "ANTI", "SOLOLeft", "SOLORight", "MUTELeft", "MUTERight"};
-            auto* link = page.child<QPushButton>(i, u"pushButtonLink"_s);
-            switch (random.bounded(5)) {
-            case 0:
-                page.select(random.bounded(2) ? u"MixA"_s : u"MixB"_s);
-                break;
-            case 1:
-                page.fade(i, "widgetLinkedVSlider", random.bounded(-92, 14));
-                break;
-            case 2:
-                if (link && page.list[i]->isVisible()) {
-                    link->click();
-                }
-                break;
-            default:
-                if (QPushButton* button = page.button(i, group, names[random.bounded(7)]); button && button->isVisible()) {
-                    button->click();
-                }
-                break;
-            }
-            int solos = 0;
-            for (const MixerBase* strip : page.list) {
-                solos += strip->isStripEnabled() ? strip->solosTaken() : 0;
-            }
-            QCOMPARE(page.field.soloCount(), solos);
-            if (step % 10 == 0) {
-                const auto device = std::exchange(page.device, {});
-                page.load();
-                QCOMPARE(page.device, device);
-            }
-        }
     }
 
     void link()

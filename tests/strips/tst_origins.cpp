@@ -1,6 +1,8 @@
 #include "StripBench.h"
 #include "controls/ToolButtonS1M1.h"
 #include "resources/Resources.h"
+#include "strips/input/InputS2M1.h"
+#include "strips/input/InputS2M2.h"
 #include "strips/origin/OriginS1M1.h"
 #include "strips/origin/OriginS1M10.h"
 #include "strips/origin/OriginS1M11.h"
@@ -91,6 +93,8 @@ std::vector<Member> members()
             {"S1M10", make<OriginS1M10>, eq + microphone, kMute, kMute},
             {"S1M11", make<OriginS1M11>, eq + phantom, kMute, kMute},
             {"S1M12", make<OriginS1M12>, plain, kMute, kMute},
+            {"S2M1", make<InputS2M1>, microphone, kMute, kMute},
+            {"S2M2", make<InputS2M2>, plain, kMute, kMute},
             {"S1M13", make<OriginS1M13>, {u"AudioSource=Mix B"_s, u"GAINLeft=0"_s, u"GAINRight=0"_s, u"MUTE=0"_s}, kMute, kMute}};
 }
 
@@ -112,7 +116,8 @@ struct OneOrigin {
     }
     QPushButton* button(const char* name) const
     {
-        return strip->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(name));
+        return strip->findChild<QPushButton*>(
+            QRegularExpression(u"^(PushB|b)utton"_s + QLatin1StringView(name) + u'$', QRegularExpression::CaseInsensitiveOption));
     }
     QString stored(const char* key) const { return workspace.value(u"Strip"_s, QLatin1StringView(key)).toString(); }
 
@@ -182,7 +187,7 @@ private slots:
                 continue;
             }
             QTest::mouseClick(one.button("MUTE"), Qt::LeftButton);
-            auto* gain = one.strip->findChildren<QWidget*>(QRegularExpression(u"^widget(VSlider|Dial)$"_s)).first();
+            auto* gain = one.strip->findChildren<QWidget*>(QRegularExpression(u"^(widget(VSlider|Dial)|slider)$"_s)).first();
             QWidget* hand = gain->findChild<QSlider*>() ? gain->findChild<QSlider*>() : gain;
             const QString before = one.stored("GAIN");
             QTest::keyClick(hand, member.fresh.contains(u"48V=0"_s) ? Qt::Key_Up : Qt::Key_Down);
@@ -251,7 +256,7 @@ private slots:
         for (const Member& member : members()) {
             OneOrigin one(member);
             QList<QWidget*> placed = one.strip->findChildren<QWidget*>(
-                QRegularExpression(u"^(lineEdit|widget(?!Overlay)|[A-Z]|label)"_s), Qt::FindDirectChildrenOnly);
+                QRegularExpression(u"^(lineEdit|widget(?!Overlay)|[A-Z]|label|volume|slider)"_s), Qt::FindDirectChildrenOnly);
             QVERIFY(placed.size() >= 4);
             for (const double scale : {1.0, 1.5, 2.67}) {
                 one.strip->resize((one.strip->minimumSize().toSizeF() * scale).toSize());

@@ -1,22 +1,13 @@
-#include "StripBench.h"
+#include "RouteBench.h"
 #include "controls/ToolButtonS1M1.h"
 #include "controls/VolumeMeterS1M4.h"
 #include "controls/slider/Fader.h"
-#include "resources/Resources.h"
-#include "strips/field/FieldLoopbackS1M1.h"
-#include "strips/field/FieldOutputS1M1.h"
-#include "strips/loopback/LoopbackS1M1.h"
-#include "strips/loopback/LoopbackS1M2.h"
-#include "strips/output/OutputS1M1.h"
-#include "strips/output/OutputS1M2.h"
-#include "strips/output/OutputS1M3.h"
-#include "strips/output/OutputS1M4.h"
 
-#include <QAction>
-#include <QMenu>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
+using bench::kMembers;
+using bench::Member;
 using quillon::RouteStrip;
 
 namespace
@@ -38,32 +29,6 @@ signals:
     void attributeChanged(QString objectName, QString attribute, QString value);
 };
 
-template<class Strip> std::unique_ptr<RouteStrip> make(const QString& name)
-{
-    auto strip = std::make_unique<Strip>(name);
-    if constexpr (std::is_base_of_v<OutputBase, Strip>) {
-        strip->setGainRange(quillon::scaleAux).setGainDefault(-38);
-    }
-    strip->setAudioSourceDefault(u"Mix B"_s).setUnmuteOnGain(true).setChannelName(name);
-    strip->setAudioSourceList(u"Mix"_s, {u"Mix A"_s, u"Mix B"_s}).setAudioSourceList(u"Input"_s, {u"IN 1"_s});
-    return strip;
-}
-
-struct Member {
-    const char* name;
-    std::unique_ptr<RouteStrip> (*make)(const QString&);
-    bool loopback;
-    bool pair;
-    bool equalizer;
-
-    QString text(const char* output, const char* other) const { return QLatin1StringView(loopback ? other : output); }
-};
-
-constexpr Member kMembers[]{
-    {"OutputS1M1", make<OutputS1M1>, false, false, false},    {"OutputS1M2", make<OutputS1M2>, false, true, false},
-    {"OutputS1M3", make<OutputS1M3>, false, false, false},    {"OutputS1M4", make<OutputS1M4>, false, false, true},
-    {"LoopbackS1M1", make<LoopbackS1M1>, true, false, false}, {"LoopbackS1M2", make<LoopbackS1M2>, true, true, false}};
-
 QStringList gains(const QString& left, const QString& right)
 {
     return {u"GAINLeft="_s + left, u"GAINRight="_s + right};
@@ -73,7 +38,6 @@ QStringList gains(const QString& left, const QString& right)
 struct OneStrip {
     explicit OneStrip(const Member& member) : strip(member.make(u"Strip"_s))
     {
-        quillon::initResources();
         workspace.attach(*strip);
         record.listen(strip.get());
         strip->setStripEnabled(true);
@@ -93,16 +57,7 @@ struct OneStrip {
         auto* button = child(u"widgetPushButtonGroup%1"_s.arg(group))->findChild<QPushButton*>();
         QTest::mouseClick(button, Qt::LeftButton);
     }
-    void choose(const QString& source) const
-    {
-        for (QMenu* menu : strip->findChildren<QMenu*>()) {
-            for (QAction* action : menu->actions()) {
-                if (action->text() == source) {
-                    action->trigger();
-                }
-            }
-        }
-    }
+    void choose(const QString& source) const { bench::choose(*strip, source); }
 
     bench::OpenWorkspace workspace;
     bench::Record record;
