@@ -12,6 +12,8 @@ class ButtonPanel : public PanelFace
 public:
     /// The shape must outlive the panel.
     ButtonPanel(const PanelShape& shape, QWidget* parent);
+    /// Object names in the order of the shape, where "PushButton" and the button's name will not do.
+    void setObjectNames(std::span<const char* const> names);
 
 signals:
     void stateChanged(QString button, QString state);

@@ -1,7 +1,6 @@
 #include "strips/StripHead.h"
 
 #include "app/GlobalFont.h"
-#include "strips/StripLayout.h"
 
 #include <QCursor>
 #include <QEvent>
@@ -111,36 +110,43 @@ void StripHead::setTexts(const QString& nameField, const QString& closeButton)
     mClose->setToolTip(closeButton);
 }
 
+QRect StripHead::nameRow(QSize strip) const
+{
+    return mNamePlace ? placeRect(*mNamePlace, strip, {}) : QRect(0, 0, strip.width(), titleHeight(strip));
+}
+
 void StripHead::layout()
 {
     const QSize size = mStrip->size();
-    const int title = titleHeight(size);
+    const QRect row = nameRow(size);
+    const int title = row.height();
     const int side = static_cast<int>(static_cast<float>(title) / 100.0F * 50.0F);
-    const QRect row(0, 0, size.width(), title);
     mFrame->setGeometry(QRect(QPoint(), size));
     mLineEdit->setGeometry(row);
     mOverlay->setGeometry(row);
-    mClose->setGeometry(static_cast<int>(static_cast<float>(size.width()) - static_cast<float>(side) * 1.3F), (title - side) / 2,
-                        side, side);
+    mClose->setGeometry(row.x() + static_cast<int>(static_cast<float>(row.width()) - static_cast<float>(side) * 1.3F),
+                        row.y() + (title - side) / 2, side, side);
     mClose->setIconSize({side, side});
     QFont font = mFont;
     font.setPointSize(namePointSize(GlobalFont::instance().pointSizeForHeight(mFont, title)));
     mLineEdit->setFont(font);
-    restyle(static_cast<int>(static_cast<float>(size.width()) * 0.04F));
+    const int radius = static_cast<int>(static_cast<float>(size.width()) * 0.04F);
+    restyle(radius, mNamePlace ? std::min(radius, title / 4) : radius);
 }
 
-void StripHead::restyle(int radius)
+void StripHead::restyle(int radius, int rowRadius)
 {
-    if (radius == mRadius) {
+    if (radius == mRadius && rowRadius == mRowRadius) {
         return; // a style sheet costs more than the rest of a resize
     }
     mRadius = radius;
+    mRowRadius = rowRadius;
     mFrame->setStyleSheet(u"QFrame {   background-color: #161616;   border-radius: %1px;}"_s.arg(radius));
-    mOverlay->setStyleSheet(u"QWidget {   background-color: rgba(31, 31, 31, 153);   border-radius: %1px;}"_s.arg(radius));
+    mOverlay->setStyleSheet(u"QWidget {   background-color: rgba(31, 31, 31, 153);   border-radius: %1px;}"_s.arg(rowRadius));
     mLineEdit->setStyleSheet(
         u"QLineEdit {   color: rgb(222, 222, 222);   background-color: rgb(46, 46, 46);   border: 1px solid transparent;"
         "   padding: 0px;   border-radius: %1px;}"
-        "QLineEdit:focus {   border: 1px solid rgb(67, 207, 124);}"_s.arg(radius));
+        "QLineEdit:focus {   border: 1px solid rgb(67, 207, 124);}"_s.arg(rowRadius));
 }
 
 bool StripHead::eventFilter(QObject* watched, QEvent* event)
@@ -199,7 +205,7 @@ void StripHead::on_lineEdit_textChanged(const QString& arg1)
 {
     QFont font = mFont;
     font.setPointSize(5);
-    if (QFontMetrics(font).horizontalAdvance(arg1) > mStrip->minimumWidth() - kNameMargin) {
+    if (QFontMetrics(font).horizontalAdvance(arg1) > nameRow(mStrip->minimumSize()).width() - kNameMargin) {
         mLineEdit->setText(arg1.chopped(1));
     }
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "strips/StripLayout.h"
+
 #include <QFont>
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <optional>
 
 class QFrame;
 class QLineEdit;
@@ -31,6 +34,8 @@ public:
     void showName(const QString& name);
     QString name() const;
     void setNameEditable(bool editable);
+    /// Where the name stands on a strip that lies; without this it takes a row at the top.
+    void setNamePlace(const Place& place) { mNamePlace = place; }
     /// The pointer brings the close button out. Off also hides it.
     void setCloseArmed(bool armed);
     void setOverlayVisible(bool visible);
@@ -57,7 +62,8 @@ private slots:
 private:
     void filterHover(bool entered);
     void hideClose();
-    void restyle(int radius);
+    void restyle(int radius, int rowRadius);
+    QRect nameRow(QSize strip) const;
 
     QWidget* mStrip;
     QFrame* mFrame;
@@ -65,10 +71,12 @@ private:
     QPushButton* mClose;
     QWidget* mOverlay;
     QTimer mTimer;
+    std::optional<Place> mNamePlace;
     QString mChannelName;
     QString mShownName;
     QFont mFont;
     int mRadius = -1;
+    int mRowRadius = -1;
     bool mCloseArmed = false;
     bool mFinishing = false;
 };

@@ -75,8 +75,12 @@ QFont meterFont(const QFont& font, const MeterShape& shape, const MeterLayout& l
     const GlobalFont& fonts = GlobalFont::instance();
     const QString sample = shape.sample.toString();
     const auto pointSize = [&] {
-        if (shape.orientation == Qt::Horizontal)
-            return std::max(1, fonts.pointSizeForRect(font, sample, layout.scale));
+        if (shape.orientation == Qt::Horizontal) {
+            // The first marks stand 6 dB apart; their labels, side by side, keep clear of each other.
+            constexpr double kLabelDb = 5;
+            const int width = std::min(layout.scale.width(), int(std::lround(layout.pixelsPerDb(0) * kLabelDb)));
+            return std::max(1, fonts.pointSizeForRect(font, sample, {layout.scale.topLeft(), QSize(width, layout.scale.height())}));
+        }
         // On a broad and low scale the labels of the first marks, 6 dB apart, would run into each other.
         constexpr int kLineDb = 8;
         const QSize room(layout.scale.width(), int(layout.pixelsPerDb(0) * kLineDb));
@@ -119,7 +123,7 @@ void paintMeterScale(QPainter& painter, const MeterScene& scene, const MeterLayo
     const QFontMetrics metrics(scene.font);
     const bool upright = layout.orientation == Qt::Vertical;
     for (const MeterMark& mark : scene.shape->marks) {
-        if (!(scene.hidden & ScaleLabels))
+        if (!(scene.hidden & ScaleLabels) && !layout.scale.isEmpty())
             upright ? paintLabel(painter, layout, mark, metrics) : paintLabelAcross(painter, scene, layout, mark, metrics);
         if (scene.hidden & ScaleLines)
             continue;

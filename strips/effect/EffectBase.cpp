@@ -2,8 +2,6 @@
 
 #include "strips/ButtonPanel.h"
 
-#include <QPushButton>
-
 using namespace Qt::StringLiterals;
 using quillon::StripValue;
 using quillon::ValueForm;
@@ -18,10 +16,7 @@ void EffectBase::addModes(const quillon::PanelShape& panel, const char* objectNa
                           std::span<const char* const> names)
 {
     auto* group = new quillon::ButtonPanel(panel, this);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        group->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(panel.buttons[i].name))
-            ->setObjectName(QLatin1StringView(names[i]));
-    }
+    group->setObjectNames(names);
     connect(group, &quillon::ButtonPanel::stateChanged, this, [this](const QString& button, const QString& state) {
         const bool leavesBypass = button == bypass() && state == "0"_L1;
         setType(leavesBypass ? mLastType : button);

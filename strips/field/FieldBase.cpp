@@ -7,7 +7,8 @@ using namespace Qt::StringLiterals;
 namespace quillon
 {
 
-FieldBase::FieldBase(const QString& objectName, QWidget* parent) : QWidget(parent), mRow(this)
+FieldBase::FieldBase(const QString& objectName, QWidget* parent, Qt::Orientation orientation)
+    : QWidget(parent), mRow(this, orientation)
 {
     setObjectName(objectName);
     connect(&mRow, &FieldRow::additionChanged, this, &FieldBase::in_mWidgetAddition_attributeChanged);

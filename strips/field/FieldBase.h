@@ -24,7 +24,7 @@ signals:
     void attributeChanged(QString objectName, QString attribute, QString value);
 
 protected:
-    explicit FieldBase(const QString& objectName, QWidget* parent);
+    FieldBase(const QString& objectName, QWidget* parent, Qt::Orientation orientation = Qt::Horizontal);
 
     /// Takes the strips in, hidden, and passes their events on. closable: the user may hide them.
     template<class Strip> void setStrips(const QList<Strip*>& strips, bool closable);

@@ -15,17 +15,18 @@ using namespace Qt::StringLiterals;
 namespace quillon
 {
 
-FieldRow::FieldRow(QWidget* field)
+FieldRow::FieldRow(QWidget* field, Qt::Orientation orientation)
     : mField(field), mLabel(new QLabel(field)), mScrollArea(new QScrollArea(field)), mWidget(new QWidget),
-      mAddition(new ButtonBoxS1M1(mWidget))
+      mAddition(new ButtonBoxS1M1(mWidget)), mOrientation(orientation),
+      mTitleRatio(orientation == Qt::Horizontal ? kFieldTitleRatio : 0)
 {
     mLabel->setStyleSheet(u"QLabel {   color: rgb(222, 222, 222);   background-color: transparent;}"_s);
     mLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     mScrollArea->setFrameShape(QFrame::NoFrame);
-    mScrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    mScrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mScrollArea->setVerticalScrollBarPolicy(isColumn() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    mScrollArea->setHorizontalScrollBarPolicy(isColumn() ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     mScrollArea->setContextMenuPolicy(Qt::NoContextMenu);
-    mScrollArea->horizontalScrollBar()->setContextMenuPolicy(Qt::NoContextMenu);
+    bar()->setContextMenuPolicy(Qt::NoContextMenu);
     mScrollArea->setFocusPolicy(Qt::NoFocus);
     // The field paints what is behind the strips.
     mScrollArea->viewport()->setAutoFillBackground(false);
@@ -33,8 +34,13 @@ FieldRow::FieldRow(QWidget* field)
     mScrollArea->setWidget(mWidget);
     mWidget->setAutoFillBackground(false);
     mScrollArea->viewport()->installEventFilter(this);
-    connect(mScrollArea->horizontalScrollBar(), &QScrollBar::valueChanged, this, &FieldRow::in_mScrollArea_valueChanged);
+    connect(bar(), &QScrollBar::valueChanged, this, &FieldRow::in_mScrollArea_valueChanged);
     connect(mAddition, &ButtonBoxS1M1::attributeChanged, this, &FieldRow::additionChanged);
+}
+
+QScrollBar* FieldRow::bar() const
+{
+    return isColumn() ? mScrollArea->verticalScrollBar() : mScrollArea->horizontalScrollBar();
 }
 
 void FieldRow::setMembers(const QList<Member>& members)
@@ -130,19 +136,23 @@ void FieldRow::apply(Record& record, bool visible)
 
 void FieldRow::relayout()
 {
-    mGeometry = fieldGeometry(mField->size(), mTitleRatio);
+    mGeometry = fieldGeometry(mField->size(), mTitleRatio, mOrientation);
     layoutTitle();
     mScrollArea->setGeometry(mGeometry.body);
-    mContentWidth = layoutStrips();
-    mWidget->setFixedSize(mContentWidth, std::max(mGeometry.stripHeight, 0) + 2 * mGeometry.top);
-    restyleBar(mContentWidth > mGeometry.body.width());
-    limitWidth();
+    mContentLength = layoutStrips();
+    mWidget->setFixedSize(alongAcross(mOrientation, {mContentLength, std::max(mGeometry.stripHeight, 0) + 2 * mGeometry.top}));
+    restyleBar(mContentLength > alongAcross(mOrientation, mGeometry.body.size()).width());
+    limitSize();
     mField->update();
 }
 
 void FieldRow::layoutTitle()
 {
     const int height = mGeometry.title.height();
+    mLabel->setHidden(height == 0);
+    if (height == 0) {
+        return;
+    }
     QFont font = mFont;
     font.setPointSize(GlobalFont::instance().pointSizeForHeight(mFont, height));
     mLabel->setFont(font);
@@ -182,9 +192,11 @@ int FieldRow::layoutStrips()
     for (qsizetype i = 0; i < shown.size(); ++i) {
         shown[i]->setGeometry(places[i]);
     }
-    const int end = (places.isEmpty() ? 0 : places.last().right() + 1) + mGeometry.start;
+    const int last = places.isEmpty() ? 0 : (isColumn() ? places.last().bottom() : places.last().right()) + 1;
+    const int end = last + mGeometry.start;
     if (!boxShown) {
-        mAddition->move(end + mGeometry.start, mGeometry.top);
+        const QPoint beyond(end + mGeometry.start, mGeometry.top);
+        mAddition->move(isColumn() ? beyond.transposed() : beyond);
     }
     mAddition->setVisible(boxShown);
     return end;
@@ -192,41 +204,46 @@ int FieldRow::layoutStrips()
 
 void FieldRow::restyleBar(bool scrollable)
 {
-    const QString style = scrollBarStyle(mGeometry.barUnit, scrollable);
+    const QString style = scrollBarStyle(mGeometry, scrollable);
     if (style != mBarStyle) {
         mBarStyle = style;
-        mScrollArea->horizontalScrollBar()->setStyleSheet(style);
+        bar()->setStyleSheet(style);
     }
 }
 
-void FieldRow::limitWidth()
+void FieldRow::limitSize()
 {
-    int widest = 0;
+    const auto lengthOf = [this](const QWidget* widget) {
+        return stripSize(mGeometry.stripHeight, alongAcross(mOrientation, widget->minimumSize())).width();
+    };
+    int longest = 0;
     for (const Record& record : std::as_const(mWidgetList)) {
         if (record.visible || mWidgetList.size() == 1) {
-            widest = std::max(widest, stripSize(mGeometry.stripHeight, record.member.widget->minimumSize()).width());
+            longest = std::max(longest, lengthOf(record.member.widget));
         }
     }
-    if (widest == 0) {
-        widest = stripSize(mGeometry.stripHeight, mAddition->minimumSize()).width();
+    if (longest == 0) {
+        longest = lengthOf(mAddition);
     }
-    const int width = 2 * mGeometry.start + 2 * widest + mGeometry.gap;
-    if (mField->minimumWidth() != width) {
-        mField->setMinimumWidth(width);
+    const int length = 2 * mGeometry.start + 2 * longest + mGeometry.gap;
+    if (isColumn()) {
+        mField->setMinimumHeight(length);
+    } else {
+        mField->setMinimumWidth(length);
     }
 }
 
 void FieldRow::paint(QPainter& painter) const
 {
-    paintField(painter, mGeometry, mContentWidth, mScrollValue);
+    paintField(painter, mGeometry, mContentLength, mScrollValue);
 }
 
 bool FieldRow::eventFilter(QObject* watched, QEvent* event)
 {
     // A row has one direction to go: an ordinary wheel moves it as well.
-    if (event->type() == QEvent::Wheel) {
+    if (event->type() == QEvent::Wheel && !isColumn()) {
         const auto* wheel = static_cast<QWheelEvent*>(event);
-        QScrollBar* bar = mScrollArea->horizontalScrollBar();
+        QScrollBar* bar = this->bar();
         const QPoint delta = wheel->angleDelta();
         if (delta.x() == 0 && delta.y() != 0 && bar->maximum() > 0) {
             bar->setValue(bar->value() - delta.y());

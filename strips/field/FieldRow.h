@@ -12,6 +12,7 @@
 class ButtonBoxS1M1;
 class QLabel;
 class QScrollArea;
+class QScrollBar;
 
 namespace quillon
 {
@@ -27,7 +28,8 @@ public:
         FieldMember* strip;
     };
 
-    explicit FieldRow(QWidget* field);
+    /// A vertical one is a column without a title.
+    FieldRow(QWidget* field, Qt::Orientation orientation);
 
     /// Takes the strips in, hidden and disabled, in the order of the row. Once.
     void setMembers(const QList<Member>& members);
@@ -69,11 +71,13 @@ private:
         Member member;
     };
 
+    bool isColumn() const { return mOrientation == Qt::Vertical; }
+    QScrollBar* bar() const;
     void apply(Record& record, bool visible);
     void layoutTitle();
     int layoutStrips();
     void restyleBar(bool scrollable);
-    void limitWidth();
+    void limitSize();
 
     QWidget* mField;
     QLabel* mLabel;
@@ -84,8 +88,9 @@ private:
     FieldGeometry mGeometry;
     QFont mFont;
     QString mBarStyle;
-    float mTitleRatio = kFieldTitleRatio;
-    int mContentWidth = 0;
+    const Qt::Orientation mOrientation;
+    const float mTitleRatio;
+    int mContentLength = 0;
     int mScrollValue = 0;
     bool mAdditionVisible = true;
 };

@@ -12,8 +12,8 @@ const QString kVisible = u"Visible"_s;
 
 } // namespace
 
-PlainField::PlainField(const StripText& title, const QString& objectName, QWidget* parent)
-    : FieldBase(objectName, parent), WorkspaceObserver(objectName), mTitle(title)
+PlainField::PlainField(const StripText& title, const QString& objectName, QWidget* parent, Qt::Orientation orientation)
+    : FieldBase(objectName, parent, orientation), WorkspaceObserver(objectName), mTitle(title)
 {
     setFieldTitle(title.in(false));
     connect(this, &FieldBase::attributeChanged, this, &PlainField::in_widgetBase_attributeChanged);
@@ -32,6 +32,7 @@ void PlainField::loadSettings()
         saveValue(workspaceGroup(), true);
         saveValue(kVisible, initial);
     }
+    setFieldTitle(title());
     // The strips still hold the workspace before: showing and hiding them must not be heard.
     for (const auto& suspend : mSuspends) {
         suspend();
@@ -42,7 +43,8 @@ void PlainField::loadSettings()
 void PlainField::onAppSettingsChanged(QString, QString attribute, QString value)
 {
     if (attribute == "Language"_L1 && (value == "English"_L1 || value == "Chinese"_L1)) {
-        setFieldTitle(mTitle.in(value == "Chinese"_L1));
+        mIsChinese = value == "Chinese"_L1;
+        setFieldTitle(title());
         setAdditionLanguage(value);
     }
 }

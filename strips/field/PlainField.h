@@ -25,10 +25,13 @@ public:
     void onAppSettingsChanged(QString objectName, QString attribute, QString value) override;
 
 protected:
-    PlainField(const StripText& title, const QString& objectName, QWidget* parent);
+    PlainField(const StripText& title, const QString& objectName, QWidget* parent, Qt::Orientation orientation = Qt::Horizontal);
 
     /// The strips in the order of the row, once. They stay the caller's, but must not go before the field.
     template<class Strip> void takeStrips(const QList<Strip*>& strips, bool closable);
+
+    /// The title in the language of the window.
+    virtual QString title() { return mTitle.in(mIsChinese); }
 
 protected slots:
     void in_widgetBase_attributeChanged(QString objectName, QString attribute, QString value);
@@ -37,6 +40,7 @@ private:
     const StripText mTitle;
     std::vector<std::function<void()>> mSuspends; // one a strip
     std::optional<QStringList> mVisibleDefault;
+    bool mIsChinese = false;
 };
 
 template<class Strip> void PlainField::takeStrips(const QList<Strip*>& strips, bool closable)

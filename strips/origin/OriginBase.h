@@ -151,6 +151,8 @@ template<class PanelType> PanelType* OriginBase::addPanel(PanelType* panel, cons
     for (const QObject* button : panel->template findChildren<QWidget*>()) {
         if (const QString name = button->objectName(); name.startsWith(QLatin1String("PushButton"))) {
             added->buttons += name.sliced(10);
+        } else if (name.startsWith(QLatin1String("button"))) {
+            added->buttons += name.sliced(6);
         }
     }
     body().adopt(added->port, childName, place);

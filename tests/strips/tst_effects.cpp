@@ -4,6 +4,7 @@
 #include "strips/effect/EffectS1M4.h"
 #include "strips/field/FieldEffectS1M1.h"
 #include "strips/field/FieldOriginS1M1.h"
+#include "strips/field/FieldOriginS1M2.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -149,6 +150,17 @@ private slots:
             field->onAppSettingsChanged({}, u"Language"_s, u"Chinese"_s);
             QCOMPARE(field->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text(), title);
         }
+        FieldOriginS1M2 named(u"FieldNamed"_s, {"Tools", "工具"});
+        workspace.attach(named);
+        const auto titleOf = [&] {
+            named.loadSettings();
+            return named.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text();
+        };
+        QCOMPARE(titleOf(), u"Tools"_s);
+        workspace.file().setValue(u"FieldNamed/FieldTitle"_s, u"Desk"_s);
+        QCOMPARE(titleOf(), u"Desk"_s);
+        workspace.reopen(u"second"_s);
+        QCOMPARE(titleOf(), u"Tools"_s);
         noise.strip.setParent(nullptr);
         reverb.strip.setParent(nullptr);
     }

@@ -1,5 +1,8 @@
 #include "InputBench.h"
 #include "controls/ButtonBoxS1M1.h"
+#include "strips/field/FieldOriginS2M1.h"
+#include "strips/input/InputS2M1.h"
+#include "strips/input/InputS2M2.h"
 #include "tests/controls/Hands.h"
 
 #include <QScrollArea>
@@ -147,6 +150,40 @@ private slots:
             QVERIFY(page.field.minimumWidth() > 2 * page.list[0]->width());
             QVERIFY(bar->maximum() == 0 || (turn(area->viewport(), -120) && bar->value() > 0));
         }
+    }
+
+    // A column is a row with width and height exchanged.
+    void column()
+    {
+        quillon::initResources();
+        bench::OpenWorkspace workspace;
+        FieldOriginS2M1 field(u"FieldColumn"_s);
+        InputS2M1 microphone(u"Input_IN1"_s, &field);
+        InputS2M2 stereo(u"Input_AUX"_s, &field);
+        InputS2M1 last(u"Input_IN2"_s, &field);
+        microphone.setChannelName(u"IN 1"_s);
+        workspace.attach(field);
+        field.setWidgetList({&microphone, &stereo, &last});
+        field.loadSettings();
+        for (const QSize size : {QSize(300, 400), QSize(600, 220)}) {
+            field.resize(size);
+            field.show();
+            auto* bar = field.findChild<QScrollArea*>()->verticalScrollBar();
+            const QRect upper = microphone.geometry();
+            const QRect lower = stereo.geometry();
+            QVERIFY(upper.top() > 0 && lower.top() > upper.bottom() && lower.left() == upper.left());
+            QCOMPARE(lower.width(), upper.width());
+            QVERIFY(upper.width() > size.width() * 9 / 10 && upper.right() < size.width());
+            QVERIFY(qAbs(upper.width() * 60.0 / 226 - upper.height()) < 2);
+            QCOMPARE(bar->maximum() > 0, last.geometry().bottom() >= field.height());
+            QVERIFY(bar->maximum() == 0 || (turn(field.findChild<QScrollArea*>()->viewport(), -120) && bar->value() > 0));
+        }
+        emit stereo.attributeChanged(u"AUX"_s, u"Hide"_s, u"1"_s);
+        auto* box = field.findChild<ButtonBoxS1M1*>();
+        QVERIFY(box->isVisible() && box->y() > last.geometry().bottom());
+        last.setParent(nullptr);
+        microphone.setParent(nullptr);
+        stereo.setParent(nullptr);
     }
 };
 

@@ -116,8 +116,9 @@ struct OneOrigin {
     }
     QPushButton* button(const char* name) const
     {
-        return strip->findChild<QPushButton*>(
-            QRegularExpression(u"^(PushB|b)utton"_s + QLatin1StringView(name) + u'$', QRegularExpression::CaseInsensitiveOption));
+        const QRegularExpression named(u"^(PushB|b)utton%1$"_s.arg(QLatin1StringView(name)),
+                                       QRegularExpression::CaseInsensitiveOption);
+        return strip->findChildren<QPushButton*>(named).value(0);
     }
     QString stored(const char* key) const { return workspace.value(u"Strip"_s, QLatin1StringView(key)).toString(); }
 
