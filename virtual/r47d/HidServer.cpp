@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstring>
+#include <ctime>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -16,8 +18,43 @@ constexpr std::size_t kMaxMeters = 1024;  // queued for one slow reader; beyond 
 constexpr std::size_t kMaxQueued = 65536; // a reader that is this far behind has stopped: its handle ends
 constexpr std::size_t kMaxKept = 64;      // for a handle that does not read yet
 constexpr std::size_t kMaxReport = 64;
-constexpr std::size_t kReadsPerTurn = 256; // so that one writer does not keep the others waiting
+constexpr std::int64_t kOldestNs = 60'000'000'000; // an older note means that the clock of the day was set
+constexpr std::size_t kReadsPerTurn = 256;         // so that one writer does not keep the others waiting
 constexpr std::size_t kBurst = 64;
+
+struct Received {
+    ssize_t size; // as recv gives it
+    std::uint64_t timeNs;
+};
+
+std::int64_t clockNs(clockid_t clock)
+{
+    timespec time{};
+    ::clock_gettime(clock, &time);
+    return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+/// One report, and when it came into the device's queue. The system notes that time, on its clock of the day: how long this process
+/// takes to be woken is nothing that a device has.
+Received receive(int fd, std::span<std::uint8_t> buffer)
+{
+    iovec part{buffer.data(), buffer.size()};
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(timespec))> notes;
+    msghdr message{};
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
+    message.msg_control = notes.data();
+    message.msg_controllen = notes.size();
+    const ssize_t got = ::recvmsg(fd, &message, 0);
+    const std::uint64_t now = nowNs();
+    const cmsghdr* note = got > 0 ? CMSG_FIRSTHDR(&message) : nullptr;
+    if (!note || note->cmsg_level != SOL_SOCKET || note->cmsg_type != SCM_TIMESTAMPNS)
+        return {got, now}; // what came before the handle was accepted has no note
+    timespec came{};
+    std::memcpy(&came, CMSG_DATA(note), sizeof came);
+    const std::int64_t ago = clockNs(CLOCK_REALTIME) - (came.tv_sec * 1'000'000'000LL + came.tv_nsec);
+    return {got, ago > 0 && ago < kOldestNs ? now - std::uint64_t(ago) : now};
+}
 
 } // namespace
 
@@ -61,6 +98,8 @@ void HidServer::accept()
         Fd fd(::accept4(mListener.get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
         if (!fd)
             return;
+        const int on = 1;
+        ::setsockopt(fd.get(), SOL_SOCKET, SO_TIMESTAMPNS, &on, sizeof on);
         auto handle = std::make_shared<Handle>();
         handle->fd = std::move(fd);
         mHandles.push_back(handle);
@@ -102,7 +141,7 @@ bool HidServer::readFrom(Handle& handle)
 {
     std::array<std::uint8_t, kMaxReport + 1> buffer;
     for (std::size_t turn = 0; turn < kReadsPerTurn && handle.fd && !mStalled; ++turn) {
-        const auto got = ::recv(handle.fd.get(), buffer.data(), buffer.size(), 0);
+        const auto [got, time] = receive(handle.fd.get(), buffer);
         if (got < 0)
             return errno == EAGAIN || errno == EINTR;
         if (got == 0)
@@ -111,7 +150,6 @@ bool HidServer::readFrom(Handle& handle)
             handle.announced = handle.reader = true; // what was kept goes out with the next turn
             continue;
         }
-        const std::uint64_t time = nowNs();
         if (handle.reader && !handle.announced) {
             handle.reader = false;
             handle.queue.clear();
