@@ -3,10 +3,10 @@
 #include "app/AppSettingsSubject.h"
 #include "console/ConsolePage.h"
 #include "console/EasySetup.h"
-#include "console/LiveInputs.h"
 #include "console/PageSize.h"
 #include "console/RecoveryPage.h"
 #include "console/StatusLine.h"
+#include "console/pages/Pages.h"
 #include "device/USBAudioAPI.h"
 #include "workspace/WorkspaceChoice.h"
 #include "workspace/WorkspaceSubject.h"
@@ -27,7 +27,6 @@ namespace
 
 constexpr unsigned kVendorId = 0x152A;
 constexpr unsigned kProductId = 0x875C;
-constexpr double kGapShare = 0.0047;
 constexpr int kSizeRestMs = 200;
 
 float scaleFactor()
@@ -83,7 +82,47 @@ void MainWindow_R47::buildPages()
             mPages[static_cast<std::size_t>(row.id)] = row.folder ? page : nullptr;
         }
     }
-    buildLiveInputs(*mPages[PageLive], mDevice, mRouter);
+    mLinks.showPage = [this](PageId page) {
+        QMetaObject::invokeMethod(
+            this, [this, page] { setPage(page); }, Qt::QueuedConnection);
+    };
+    struct Builder {
+        PageId page;
+        void (*build)(PageKit& kit);
+    };
+    for (const auto& [page, build] : {Builder{PageMble, buildMobilePage}, Builder{PageLive, buildLivePage},
+                                      Builder{PageTyro, buildEasyPage}, Builder{PageProf, buildProPage}}) {
+        PageKit kit(*mPages[page], mDevice, mRouter, mLinks);
+        build(kit);
+    }
+    linkSwitches();
+}
+
+/// What the device says of the console's own windows, whichever page is shown.
+void MainWindow_R47::linkSwitches()
+{
+    struct Switch {
+        const char16_t* object;
+        const char16_t* attribute;
+        const ConsoleLinks::Lamps& lamps;
+    };
+    const Switch switches[]{{u"Ducking", u"DuckingSwitch", mLinks.duckingLamps},
+                            {u"EQ_IN1", u"Switch", mLinks.equalizerLamps[ConsoleLinks::In1]},
+                            {u"EQ_IN2", u"Switch", mLinks.equalizerLamps[ConsoleLinks::In2]},
+                            {u"EQ_HP", u"Switch", mLinks.equalizerLamps[ConsoleLinks::Headphones]}};
+    for (const ConsolePage* page : mPages) {
+        if (page == nullptr) {
+            continue;
+        }
+        for (const Switch& row : switches) {
+            mRouter.bind(page->row().id, row.object, row.attribute,
+                         [&lamps = row.lamps](const QVariant& value) { ConsoleLinks::show(lamps, value.toBool()); });
+        }
+        mRouter.bind(page->row().id, u"Input_IN1", u"Meter",
+                     [this](const QVariant& value) { mLinks.duckingLevel[0](value.toInt()); });
+        mRouter.bind(page->row().id, u"Input_IN2", u"Meter",
+                     [this](const QVariant& value) { mLinks.duckingLevel[1](value.toInt()); });
+    }
 }
 
 void MainWindow_R47::connectLinks()
@@ -302,7 +341,7 @@ void MainWindow_R47::resizeEvent(QResizeEvent* event)
     mStatus->fit(height());
     for (ConsolePage* page : mPages) {
         if (page != nullptr) {
-            page->setGap(static_cast<int>(height() * kGapShare));
+            page->fit(height());
         }
     }
     if (pageRow(mPageID)->widthKey != nullptr) {
@@ -316,9 +355,4 @@ void MainWindow_R47::closeEvent(QCloseEvent* event)
     event->setAccepted(false);
     keepSizes();
     hide();
-}
-
-void MainWindow_R47::changeEvent(QEvent* event)
-{
-    MainWindow_Base::changeEvent(event);
 }

@@ -4,6 +4,7 @@
 #include "console/InboundRouter.h"
 #include "console/MainWindow_Base.h"
 #include "console/PageTable.h"
+#include "console/pages/PageKit.h"
 #include "device/DeviceR47.h"
 
 #include <QStackedWidget>
@@ -45,11 +46,11 @@ signals:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void buildPages();
     void connectLinks();
+    void linkSwitches();
     void openWorkspace(const quillon::PageRow& row);
     void applySize();
     void keepSizes();
@@ -60,6 +61,7 @@ private:
 
     DeviceR47 mDevice;
     quillon::InboundRouter mRouter;
+    quillon::ConsoleLinks mLinks;
     quillon::FirmwareIdentity mIdentity;
     QStackedWidget* mStack;
     RecoveryPage* mRecovery;

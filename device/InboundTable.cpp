@@ -80,6 +80,13 @@ constexpr auto kRows = std::to_array<InboundRow>({
     {0x6404, u"Output_HP", u"MUTE", InboundForm::Flag},
     {0x6406, u"Output_HP", u"Plug", InboundForm::Absent},
     {0x6407, u"Output_HP", u"Plug", InboundForm::Absent},
+    {0x9B0B, u"EQ_IN1", u"Meter", InboundForm::Level},
+    {0x9B0C, u"EQ_IN2", u"Meter", InboundForm::Level},
+    {0x9B0F, u"EQ_IN1", u"Switch", InboundForm::Flag},
+    {0x9B10, u"EQ_IN2", u"Switch", InboundForm::Flag},
+    {0xAB0B, u"EQ_HP", u"MeterLeft", InboundForm::Level},
+    {0xAB0C, u"EQ_HP", u"MeterRight", InboundForm::Level},
+    {0xAB0F, u"EQ_HP", u"Switch", InboundForm::Flag},
 });
 // clang-format on
 

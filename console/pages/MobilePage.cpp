@@ -1,0 +1,120 @@
+#include "console/pages/PageKit.h"
+#include "console/pages/Pages.h"
+#include "strips/effect/EffectS1M3.h"
+#include "strips/effect/EffectS1M4.h"
+#include "strips/field/FieldEffectS1M1.h"
+#include "strips/field/FieldOriginS1M1.h"
+#include "strips/origin/OriginS1M10.h"
+#include "strips/origin/OriginS1M11.h"
+#include "strips/origin/OriginS1M12.h"
+#include "strips/origin/OriginS1M13.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon
+{
+
+namespace
+{
+
+constexpr float kSilenceDb = -90;
+
+struct Row {
+    const char* object;
+    const char* channelName;
+    OriginBase* (*make)(const QString& objectName);
+    const GainScale& scale;
+    float gainDefaultDb;
+    const char16_t* levelObject; // reports its levels; null where it does so itself
+};
+
+template<class Strip> OriginBase* make(const QString& objectName)
+{
+    return new Strip(objectName);
+}
+
+/// The routing of this mode is the device's own, so there is no source to choose.
+OriginBase* makeOutput(const QString& objectName)
+{
+    auto* strip = new OriginS1M13(objectName);
+    strip->setAudioSourceVisible(false);
+    return strip;
+}
+
+constexpr Row kInputs[]{
+    {"Input_IN1", "IN1", make<OriginS1M10>, scaleMicrophone, 26, nullptr},
+    {"Input_IN2", "IN2", make<OriginS1M11>, scaleMicrophone, 26, nullptr},
+    {"Input_AUX", "AUX", make<OriginS1M12>, scaleAux, 0, nullptr},
+    {"Input_BT", "BT", make<OriginS1M12>, scaleLine, -6, nullptr},
+    {"Input_OTGIN", "OTG IN", make<OriginS1M12>, scaleLine, 0, nullptr},
+    {"Input_PB12", "Playback 1/2", make<OriginS1M12>, scalePlayback, 0, u"Playback 1/2"},
+};
+
+constexpr Row kOutputs[]{
+    {"Output_HP", "HP OUT", makeOutput, scaleAux, -38, nullptr},
+    {"Output_OTGOUT", "OTG OUT", makeOutput, scaleLine, 0, nullptr},
+    {"Output_LB12", "Recording", makeOutput, scaleRecord, 0, u"Playback 3/4"},
+};
+
+QList<PlainStrip*> addStrips(PageKit& kit, std::span<const Row> rows, PageKit::DeviceSlot slot)
+{
+    QList<PlainStrip*> strips;
+    for (const Row& row : rows) {
+        OriginBase* strip = kit.add(row.make(QString::fromLatin1(row.object)), {slot});
+        strip->setChannelName(QString::fromLatin1(row.channelName)).setSaveEvents(false).setNameEditable(true);
+        strip->setGainRange(row.scale).setGainDefault(row.gainDefaultDb).setUnmuteOnGain(true);
+        if (row.levelObject) {
+            kit.report(row.levelObject, u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
+            kit.report(row.levelObject, u"MeterRight", strip->deviceSetter(u"MeterRight"));
+        }
+        strips += strip;
+    }
+    return strips;
+}
+
+/// A strip that the device knows as a loopback: its gain is that of both sides, and its mute is silence.
+void linkToLoopback(PageKit& kit, PlainStrip* strip, const QString& loopback)
+{
+    static_cast<OriginBase*>(strip)->setMuteGain(kSilenceDb);
+    QObject::connect(strip, &PlainStrip::attributeChanged, &kit.device(),
+                     [&device = kit.device(), loopback](const QString&, const QString& attribute, const QString& value) {
+                         if (attribute.startsWith("GAIN"_L1)) {
+                             device.in_fieldLoopback_attributeChanged(loopback, u"GAINLeft"_s, value);
+                             device.in_fieldLoopback_attributeChanged(loopback, u"GAINRight"_s, value);
+                         }
+                     });
+}
+
+void addEffects(PageKit& kit)
+{
+    auto* field = kit.addField(ConsolePage::Left, new FieldEffectS1M1(u"FieldEffect"_s));
+    auto* noise = kit.add(new EffectS1M3(u"Effect_NC"_s), {&DeviceR47::in_fieldEffect_attributeChanged});
+    auto* reverb = kit.add(new EffectS1M4(u"Effect_Reverb"_s), {&DeviceR47::in_fieldEffect_attributeChanged});
+    noise->setChannelName(u"NC"_s);
+    reverb->setChannelName(u"Reverb"_s);
+    field->setWidgetList({noise, reverb});
+    kit.report(u"Effect", u"NoiseReductionType", noise->deviceSetter(u"NoiseReductionType"));
+    kit.report(u"Effect", u"ReverbType", reverb->deviceSetter(u"ReverbType"));
+    kit.report(u"Effect", u"DryWet", reverb->deviceSetter(u"DryWet"));
+}
+
+} // namespace
+
+void buildMobilePage(PageKit& kit)
+{
+    auto* field = kit.addField(ConsolePage::Top, new FieldOriginS1M1(u"FieldInput"_s, {"Input", "输入"}));
+    const QList<PlainStrip*> inputs = addStrips(kit, kInputs, &DeviceR47::in_fieldInput_attributeChanged);
+    field->setWidgetList(inputs);
+    addEffects(kit);
+    auto* outputField = kit.addField(ConsolePage::Right, new FieldOriginS1M1(u"FieldOutput"_s, {"Output", "输出"}));
+    const QList<PlainStrip*> outputs = addStrips(kit, kOutputs, &DeviceR47::in_fieldOutput_attributeChanged);
+    outputField->setWidgetList(outputs);
+
+    kit.addMicrophone(static_cast<OriginBase*>(inputs[0]), ConsoleLinks::In1, true);
+    kit.addMicrophone(static_cast<OriginBase*>(inputs[1]), ConsoleLinks::In2, true);
+    kit.report(u"Output_OTGOUT", u"Plug", inputs[4]->deviceSetter(u"Plug"));
+    linkToLoopback(kit, inputs.last(), u"Loopback_LB34"_s);
+    linkToLoopback(kit, outputs.last(), u"Loopback_LB12"_s);
+}
+
+} // namespace quillon

@@ -1,0 +1,117 @@
+#pragma once
+// What the builders of the pages have in common.
+
+#include "app/AppSettingsSubject.h"
+#include "app/GlobalFont.h"
+#include "console/ConsolePage.h"
+#include "console/InboundRouter.h"
+#include "device/DeviceR47.h"
+
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace quillon
+{
+
+/// What pages and the console's own windows say to each other without the device.
+struct ConsoleLinks {
+    enum Channel : std::uint8_t { In1, In2, Headphones, ChannelCount };
+    using Lamps = std::vector<std::function<void(bool)>>;
+
+    // Into the windows: "Show", "On" or "Off", and the level of a microphone.
+    std::function<void(const QString&)> ducking = [](const QString&) {};
+    std::array<std::function<void(const QString&)>, ChannelCount> equalizer{[](const QString&) {}, [](const QString&) {},
+                                                                            [](const QString&) {}};
+    std::array<std::function<void(int)>, 2> duckingLevel{[](int) {}, [](int) {}};
+    std::function<void(PageId)> showPage = [](PageId) {};
+    // The windows' switches on the strips of all pages.
+    Lamps duckingLamps;
+    std::array<Lamps, ChannelCount> equalizerLamps;
+
+    static void show(const Lamps& lamps, bool on)
+    {
+        for (const auto& lamp : lamps) {
+            lamp(on);
+        }
+    }
+};
+
+/// Builds one page: strips and fields get their place, their audience, and their ways to and from the device. Each strip is
+/// connected to its slot of the device, a field is not, so that an event reaches the device once.
+class PageKit
+{
+public:
+    using DeviceSlot = void (DeviceR47::*)(QString, QString, QString);
+
+    PageKit(ConsolePage& page, DeviceR47& device, InboundRouter& router, ConsoleLinks& links)
+        : mPage(page), mDevice(device), mRouter(router), mLinks(links)
+    {
+    }
+
+    DeviceR47& device() { return mDevice; }
+    ConsoleLinks& links() { return mLinks; }
+
+    /// A field before its strips, in the order of loading.
+    template<class Field> Field* addField(ConsolePage::Pane pane, Field* field)
+    {
+        mPage.addField(pane, field);
+        observe(field);
+        field->setFont(GlobalFont::instance().font());
+        return field;
+    }
+    /// A strip, or what stands for one. slots: of the device, that take its events.
+    template<class Strip> Strip* add(Strip* strip, std::initializer_list<DeviceSlot> slots)
+    {
+        for (const DeviceSlot slot : slots) {
+            QObject::connect(strip, &Strip::attributeChanged, &mDevice, slot, Qt::UniqueConnection);
+        }
+        mRouter.bind(mPage.row().id, strip->objectName(), *strip);
+        observe(strip);
+        strip->setFont(GlobalFont::instance().font());
+        return strip;
+    }
+    /// Loads with the page and hears of language and scale, where it does either.
+    template<class Observer> void observe(Observer* observer)
+    {
+        if constexpr (std::is_base_of_v<WorkspaceObserver, Observer>) {
+            mPage.addObserver(observer);
+        }
+        if constexpr (std::is_base_of_v<AppSettingsObserver, Observer>) {
+            AppSettingsSubject::instance().addObserver(observer);
+        }
+    }
+    /// Calls a function with the value of each such event of a strip.
+    template<class Strip, class Take> void link(Strip* strip, const QString& attribute, Take take)
+    {
+        QObject::connect(strip, &Strip::attributeChanged, &mDevice,
+                         [attribute, take](const QString&, const QString& raised, const QString& value) {
+                             if (raised == attribute) {
+                                 take(value);
+                             }
+                         });
+    }
+    /// Tells an object's reports of the device to a setter too, while this page is shown.
+    void report(QStringView object, QStringView attribute, const DeviceSetter& setter)
+    {
+        mRouter.bind(mPage.row().id, object, attribute, setter);
+    }
+    /// The way of a microphone strip to the ducking panel and to its equalizer, and back.
+    template<class Strip> void addMicrophone(Strip* strip, ConsoleLinks::Channel channel, bool ducks)
+    {
+        link(strip, QStringLiteral("EQ"), [this_ = &mLinks, channel](const QString& value) { this_->equalizer[channel](value); });
+        mLinks.equalizerLamps[channel].push_back([strip](bool on) { strip->setEQ(on); });
+        if (ducks) {
+            link(strip, QStringLiteral("DUCKING"), [this_ = &mLinks](const QString& value) { this_->ducking(value); });
+            mLinks.duckingLamps.push_back([strip](bool on) { strip->setDUCKING(on); });
+        }
+    }
+
+private:
+    ConsolePage& mPage;
+    DeviceR47& mDevice;
+    InboundRouter& mRouter;
+    ConsoleLinks& mLinks;
+};
+
+} // namespace quillon
