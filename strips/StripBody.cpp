@@ -46,6 +46,15 @@ void StripBody::adoptNamed(QWidget* child, const char* objectName, const Place& 
     mChildren.push_back({child, place, meaning});
 }
 
+void StripBody::setPlace(const QWidget* child, const Place& place)
+{
+    for (Child& each : mChildren) {
+        if (each.widget == child) {
+            each.place = place;
+        }
+    }
+}
+
 void StripBody::setChannelName(const QString& name)
 {
     mHead.setChannelName(name);

@@ -34,6 +34,8 @@ public:
     void adopt(const PanelPort& port, const char* objectName, const Place& place);
     void adopt(const ValuePort& port, const char* objectName, const Place& place, const StripText& meaning);
     void adopt(const MeterPort& port, const char* objectName, const Place& place, const StripText& meaning = {"Level", "电平"});
+    /// Gives a control another place, from the next layout on.
+    void setPlace(const QWidget* child, const Place& place);
     /// Runs with each font and each change of language, for what has no port.
     void onFont(std::function<void(const QFont&)> apply) { mFonts.push_back(std::move(apply)); }
     void onLanguage(std::function<void(const QString&)> apply) { mLanguages.push_back(std::move(apply)); }

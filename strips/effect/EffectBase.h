@@ -52,6 +52,8 @@ protected:
     void declareModes(const std::function<quillon::StripValue(std::size_t)>& wanted = {});
     /// Declares what follows from a load. The last call of a member's constructor.
     void declareLoad(std::function<void()> loading = {});
+    /// Shows the name, or what the effect is while it has none of its own.
+    void showTitle();
 
     /// Index of the mode, or that of no mode.
     std::size_t mode() const;
@@ -63,7 +65,6 @@ private:
     void setType(const QString& type);
     void follow(const QString& type);
     void showMode();
-    void showTitle();
     void levelChanged(int level);
     std::size_t indexOf(const QString& type) const;
     QString nameOf(std::size_t mode) const { return QString::fromLatin1(mShape.modes[mode].name); }

@@ -1,5 +1,7 @@
 #include "StripBench.h"
 #include "resources/Resources.h"
+#include "strips/effect/EffectS1M1.h"
+#include "strips/effect/EffectS1M2.h"
 #include "strips/effect/EffectS1M3.h"
 #include "strips/effect/EffectS1M4.h"
 #include "strips/field/FieldEffectS1M1.h"
@@ -108,6 +110,50 @@ private slots:
         QCOMPARE(one.key("dialDryWet", Qt::Key_Down), QStringList{u"DryWet=29"_s});
         QCOMPARE(one.click("pushButtonBypassReverb"), QStringList{u"ReverbType=Bypass"_s});
         QCOMPARE(one.click("pushButtonBypassReverb"), QStringList{u"ReverbType=HALL"_s});
+    }
+
+private:
+    // The effects of a channel: each keeps its sets of buttons exclusive over one panel.
+    template<class Strip>
+    void channelEffect(const QStringList& fresh, const char* type, const QString& told, const char* key, const QString& prefix)
+    {
+        OneEffect<Strip> one;
+        QCOMPARE(one.record.take(), fresh);
+        one.strip.loadSettings();
+        QCOMPARE(one.record.take(), fresh);
+        QCOMPARE(one.click(type), QStringList{told});
+        QCOMPARE(one.click(type), QStringList()); // one is always lit
+        QCOMPARE(one.click("PushButtonIN12"), QStringList{prefix + u"Channel=IN12"_s});
+        QCOMPARE(one.click("PushButtonMUTE"), QStringList{u"MUTE=1"_s});
+        QCOMPARE(one.key("widgetDial", Qt::Key_Down), QStringList{u"GAIN=-1"_s});
+        QCOMPARE(one.stored(key), told.section(u'=', 1));
+        one.workspace.file().setValue(u"Effect/"_s + QLatin1StringView(key), u"CAVE"_s);
+        one.record.take();
+        one.strip.loadSettings();
+        QVERIFY(one.record.lines.contains(told)); // what is lit stays lit
+        one.strip.setStripEnabled(false);
+        one.record.take();
+        QCOMPARE(one.click("PushButtonOFF"), QStringList());
+        QCOMPARE(one.stored(key) + one.stored("Enable"), u"OFFfalse"_s);
+    }
+
+private slots:
+    void channelEffects()
+    {
+        const QStringList level{u"GAIN=0"_s, u"MUTE=0"_s};
+        channelEffect<EffectS1M1>(QStringList{u"NCChannel=IN1"_s, u"NCType=OFF"_s} + level, "PushButtonNC2", u"NCType=NC2"_s,
+                                  "NCType", u"NC"_s);
+        channelEffect<EffectS1M2>(
+            QStringList{u"NC=0"_s, u"ReverbChannel=IN1"_s, u"ReverbType=OFF"_s, u"DryWet=30"_s, u"Decay=0"_s} + level,
+            "PushButtonSTU", u"ReverbType=STUDIO"_s, "ReverbType", u"Reverb"_s);
+        OneEffect<EffectS1M2> one;
+        one.record.take();
+        const int large = one.strip.minimumWidth();
+        one.strip.setNavigationDisplayMode(u"Small"_s);
+        one.strip.setNavigationDisplayMode(u"huge"_s);
+        QCOMPARE(one.record.take(), QStringList{u"Resize=1"_s});
+        QVERIFY(one.strip.minimumWidth() < large && one.child("dialDecay")->isHidden());
+        QCOMPARE(one.stored("NavigationDisplayMode"), u"Small"_s);
     }
 
     void deviceAndGarbage()
