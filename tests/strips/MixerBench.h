@@ -80,12 +80,6 @@ struct MixerPage {
         auto* panel = child(i, u"widgetPushButtonGroup%1"_s.arg(group));
         return panel ? panel->findChild<QPushButton*>(u"PushButton"_s + QLatin1StringView(name)) : nullptr;
     }
-    void fade(qsizetype i, const char* fader, int db)
-    {
-        auto* widget = child<VSliderS1M1>(i, QString::fromLatin1(fader));
-        widget->setValue(db);
-        emit widget->valueChanged(db);
-    }
     void select(const QString& mix) { emit field.attributeChanged(u"Mixer_All"_s, u"Mixer"_s, mix); }
     QList<int> gains(qsizetype i, const QString& mix) const
     {

@@ -73,36 +73,6 @@ private slots:
         QCOMPARE(page.field.visibleList().size(), 5);
     }
 
-    // Two workspaces in turn: neither leaks into the other, and nothing of the old one is heard on the way.
-    void switchOfWorkspaces()
-    {
-        bench::LiveInputs page;
-        page.load();
-        bench::button(*page.list[3], "MUTE")->click();
-        bench::button(*page.list[0], "SOLO")->click();
-        bench::button(*page.list[2], "SOLO")->click();
-        page.hide(2);
-        page.workspace.reopen(u"second"_s);
-        page.load();
-        QCOMPARE(page.field.soloCount(), 0);
-        QVERIFY(!page.list[0]->getMute() && !page.list[3]->getMute());
-        page.record.take();
-        page.workspace.reopen(u"first"_s);
-        page.field.loadSettings();
-        QCOMPARE(page.record.take(), QStringList{u"Save_SoloState=1"_s});
-        for (InputBase* strip : page.list) {
-            strip->loadSettings();
-        }
-        QCOMPARE(page.field.soloCount(), 1);
-        QVERIFY(page.list[0]->getSolo() && !page.list[0]->getMute() && page.list[1]->getMute());
-        QVERIFY(page.list[2]->isHidden() && page.list[2]->getSolo());
-        bench::button(*page.list[0], "SOLO")->click(); // the last one that counts: own mutes come back
-        QVERIFY(page.list[3]->getMute() && !page.list[1]->getMute());
-        page.add(u"AUX"_s); // and with it its solo
-        QCOMPARE(page.field.soloCount(), 1);
-        QVERIFY(page.list[1]->getMute() && !page.list[2]->getMute());
-    }
-
     void countsThatDoNotFit()
     {
         bench::LiveInputs page;

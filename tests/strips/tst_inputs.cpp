@@ -225,6 +225,14 @@ private slots:
         QVERIFY(one.record.lines.contains(u"GAIN=42"_s));
     }
 
+    void withoutAField()
+    {
+        OneStrip one(u"S1M3"_s);
+        one.click("MUTE");
+        one.click("SOLO");
+        QVERIFY(one.strip->getMute() && one.strip->getSolo());
+    }
+
     void autoGain()
     {
         for (const auto& [result, gain] : {std::pair{int(AutoGainS1M1::Cancelled), u"30"_s}, {-209, u"15"_s}, {-2000, u"88"_s}}) {

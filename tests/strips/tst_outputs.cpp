@@ -149,33 +149,6 @@ private slots:
         }
     }
 
-    void sides()
-    {
-        for (const Member& member : kMembers) {
-            if (!member.pair) {
-                continue;
-            }
-            OneStrip one(member);
-            auto* link = one.strip->findChild<QPushButton*>(u"pushButtonLink"_s);
-            const QString gain = member.text("-38", "0");
-            const QString lower = member.text("-39", "-1");
-            one.mute(1);
-            one.record.take();
-            QTest::mouseClick(link, Qt::LeftButton); // the mute of the pair ends with it: both sides say their own
-            QCOMPARE(one.record.take(),
-                     (member.loopback ? gains(gain, gain) : QStringList{}) + QStringList({u"MUTELeft=0"_s, u"MUTERight=0"_s}));
-            QVERIFY(!link->isChecked() && !one.stored(u"Link"_s).toBool());
-            one.step(u"widgetUnlinkVSliderRight"_s, Qt::Key_Down);
-            QCOMPARE(one.record.take(), QStringList{u"GAINRight="_s + lower});
-            one.mute(2);
-            QCOMPARE(one.record.take(),
-                     (member.loopback ? QStringList{u"GAINLeft=-90"_s} : QStringList{}) + QStringList{u"MUTELeft=1"_s});
-            QTest::mouseClick(link, Qt::LeftButton);
-            QVERIFY(one.record.take().endsWith(u"MUTE=1"_s));
-            QVERIFY(one.stored(u"MUTELeft"_s).toBool() && link->isChecked());
-        }
-    }
-
     void garbageInAFile()
     {
         for (const Member& member : kMembers) {
