@@ -61,6 +61,9 @@ public:
                 text += u" %1 is %2 at the device, not %3"_s.arg(key, mLast.value(key), value);
             }
         }
+        for (const QString& key : mStep) {
+            text += wanted.contains(key) ? QString() : u" %1 is %2, which nobody wants"_s.arg(key, mLast[key]);
+        }
         if (mLoad && mStep.size() != wanted.size()) {
             text += u" the load told %1 values, not %2"_s.arg(mStep.size()).arg(wanted.size());
         }
