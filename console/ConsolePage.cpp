@@ -77,7 +77,7 @@ void ConsolePage::addField(Pane pane, QWidget* field)
 {
     const bool lower = pane == LowerLeft || pane == LowerRight;
     if (lower && mSplitters[1]->isHidden()) {
-        mPanes[Right]->layout()->addWidget(mSplitters[1]); // below what stands there by now
+        static_cast<QVBoxLayout*>(mPanes[Right]->layout())->addWidget(mSplitters[1], 1); // below what stands there by now
         mSplitters[1]->show();
         mPanes[Right]->show();
     }

@@ -107,7 +107,7 @@ void buildEasyPage(PageKit& kit)
     top->setWidgetList(inputs);
     kit.report(u"Output_OTGOUT", u"Plug", inputs[4]->deviceSetter(u"Plug"));
 
-    auto* bottom = kit.addField(ConsolePage::Bottom, new FieldOriginS1M2(u"FieldBottom"_s));
+    auto* bottom = kit.addField(ConsolePage::Bottom, new FieldOriginS1M2(u"FieldBottom"_s, {}));
     QList<PlainStrip*> strips{addMenu(kit), addEffect(kit)};
     strips += addStrips(kit, kBottom);
     bottom->setWidgetList(strips);

@@ -60,11 +60,11 @@ public:
         field->setFont(GlobalFont::instance().font());
         return field;
     }
-    /// A strip, or what stands for one. slots: of the device, that take its events.
-    template<class Strip> Strip* add(Strip* strip, std::initializer_list<DeviceSlot> slots)
+    /// A strip, or what stands for one. receivers: of the device, that take its events.
+    template<class Strip> Strip* add(Strip* strip, std::initializer_list<DeviceSlot> receivers)
     {
-        for (const DeviceSlot slot : slots) {
-            QObject::connect(strip, &Strip::attributeChanged, &mDevice, slot, Qt::UniqueConnection);
+        for (const DeviceSlot receiver : receivers) {
+            QObject::connect(strip, &Strip::attributeChanged, &mDevice, receiver, Qt::UniqueConnection);
         }
         mRouter.bind(mPage.row().id, strip->objectName(), *strip);
         observe(strip);

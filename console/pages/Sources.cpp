@@ -29,17 +29,18 @@ constexpr const char16_t* kPairs[]{u"Mix A",        u"Mix B",        u"Mix C",  
 
 void reportLevel(PageKit& kit, RouteStrip& strip, const SourceLevel& level)
 {
-    kit.report(level.object, level.attribute, [&strip, source = QString(level.source), sides = level.sides](const QVariant& value) {
-        if (strip.audioSource() != source) {
-            return;
-        }
-        if (sides & ToLeft) {
-            strip.setVolumeMeterLeft(value.toInt());
-        }
-        if (sides & ToRight) {
-            strip.setVolumeMeterRight(value.toInt());
-        }
-    });
+    kit.report(level.object, level.attribute,
+               [&strip, source = QStringView(level.source).toString(), sides = level.sides](const QVariant& value) {
+                   if (strip.audioSource() != source) {
+                       return;
+                   }
+                   if (sides & ToLeft) {
+                       strip.setVolumeMeterLeft(value.toInt());
+                   }
+                   if (sides & ToRight) {
+                       strip.setVolumeMeterRight(value.toInt());
+                   }
+               });
 }
 
 } // namespace

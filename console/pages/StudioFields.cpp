@@ -51,7 +51,7 @@ template<class Strip>
 void addSource(PageKit& kit, Strip* strip, const Routing& routing, const FieldMixerS1M1& mixes, const char16_t* source)
 {
     fillSourceMenu(*strip, routing.mixes, routing.effect);
-    strip->setAudioSourceDefault(QString(source));
+    strip->setAudioSourceDefault(QStringView(source).toString());
     kit.link(strip, u"AudioSource"_s, [strip, &mixes](const QString& chosen) { strip->setAccentColour(mixes.colourOf(chosen)); });
 }
 
