@@ -19,7 +19,7 @@ constexpr quillon::MixerShape kShape{
     .heights = {2, 2, 94, 2},
     .unlinkMeter = {24.0F, 17.0F, 52.0F, 54.0F, quillon::From::NameRow},
     .dials = {{5.0F, 2.0F, 30.0F, 13.0F, quillon::From::NameRow}, {65.0F, 2.0F, 30.0F, 13.0F, quillon::From::NameRow}},
-    .link = {37.0F, 5.5F, 26.0F, 6.0F, quillon::From::NameRow},
+    .link = {35.0F, 5.5F, 30.0F, 6.0F, quillon::From::NameRow},
     .unlinkWidths = {7, 8, 12, 8, 30}};
 
 /// The buttons of one channel on a panel for both.

@@ -1,11 +1,13 @@
 #pragma once
 // What the tests of strips share: an open workspace without a subject, and a record of events.
 
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
+#include <algorithm>
 #include <memory>
 
 #include "workspace/WorkspaceObserver.h"
@@ -55,6 +57,32 @@ struct Record {
             [this](const QString&, const QString& attribute, const QString& value) { lines += attribute + u'=' + value; });
     }
 };
+
+/// What of a strip does not lie within it and beside the others, at some size; empty where all is well.
+inline QString misplaced(QWidget& strip)
+{
+    static const QRegularExpression kPlaced(
+        QStringLiteral("^(lineEdit|widget(?!Overlay)|pushButtonLink|[A-Z]|label|volume|slider)"));
+    for (const double scale : {1.0, 1.33, 1.5, 2.67, 5.4}) {
+        strip.resize((strip.minimumSize().toSizeF() * scale).toSize());
+        QList<QWidget*> placed;
+        for (QWidget* child : strip.findChildren<QWidget*>(kPlaced, Qt::FindDirectChildrenOnly)) {
+            const QRect place = child->geometry();
+            if (child->isHidden()) {
+                continue;
+            }
+            const bool apart = std::ranges::none_of(placed, [&](QWidget* other) { return place.intersects(other->geometry()); });
+            if (!apart || !strip.rect().contains(place) || std::min(place.width(), place.height()) <= 8) {
+                return child->objectName() + QStringLiteral(" at %1").arg(scale);
+            }
+            placed += child;
+        }
+        if (placed.size() < 4) {
+            return QStringLiteral("nearly nothing is there");
+        }
+    }
+    return {};
+}
 
 /// A strip's close button, and the box of its field that brings it back.
 template<class Strip> void hide(Strip* strip)

@@ -97,31 +97,17 @@ private slots:
     {
         QFETCH(const QString, member);
         Page page(member);
-        MixerBase* strip = page.list[0];
-        for (const double scale : {1.0, 1.5, 2.67}) {
-            page.field.resize(QSize(900, static_cast<int>(330 * scale)));
-            QList<QWidget*> placed{page.child(0, u"lineEdit"_s)};
-            for (QWidget* child : strip->findChildren<QWidget*>(QRegularExpression(u"^(widget(?!Overlay)|pushButtonLink)"_s),
-                                                                Qt::FindDirectChildrenOnly)) {
-                if (child->isVisible()) {
-                    QVERIFY(strip->rect().contains(child->geometry()) && child->width() > 8);
-                    QVERIFY(child->objectName() == u"pushButtonLink" || !child->accessibleName().isEmpty() ||
-                            child->layout() == nullptr);
-                    for (const QWidget* other : std::as_const(placed)) {
-                        QVERIFY2(!child->geometry().intersects(other->geometry()), qPrintable(child->objectName()));
-                    }
-                    placed += child;
-                }
-            }
-            if (auto* link = page.child<QPushButton>(0, u"pushButtonLink"_s)) {
-                link->click();
-            }
+        QCOMPARE(bench::misplaced(*page.list[0]), QString());
+        if (auto* link = page.child<QPushButton>(0, u"pushButtonLink"_s)) {
+            link->click();
+            QCOMPARE(bench::misplaced(*page.list[0]), QString());
         }
         if (const QString folder = qEnvironmentVariable("QUILLON_PICTURES"); !folder.isEmpty()) {
             for (MixerBase* each : page.list) {
                 each->setVolumeMeterLeft(-180);
                 each->setVolumeMeterRight(-90);
             }
+            page.field.resize(900, 495);
             page.field.grab().save(folder + u'/' + member + u".png"_s);
         }
     }

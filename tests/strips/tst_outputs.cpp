@@ -168,6 +168,18 @@ private slots:
         }
     }
 
+    void layout()
+    {
+        for (const Member& member : kMembers) {
+            const OneStrip one(member);
+            QCOMPARE(bench::misplaced(*one.strip), QString());
+            if (member.pair) {
+                one.strip->findChild<QPushButton*>(u"pushButtonLink"_s)->click();
+                QCOMPARE(bench::misplaced(*one.strip), QString());
+            }
+        }
+    }
+
     void menuFollowsTheLanguage()
     {
         OneStrip one(kMembers[0]);
