@@ -99,15 +99,12 @@ void tst_Levels::meters_data()
     QTest::newRow("headphone source IN 2, both sides") << Settings{{0x6402, 7}} << 3 << 0x6301 << -300;
     QTest::newRow("headphone source playback 3/4") << Settings{{0x6402, 13}} << 2 << 0x6301 << -250;
     QTest::newRow("unknown source is silence") << Settings{{0x6402, -1}} << 2 << 0x6301 << -900;
-    QTest::newRow("headphone gain, left only") << mixA + Settings{{0x6303, 61}} << 2 << 0x6301 << -300;
-    QTest::newRow("headphone gain leaves right") << mixA + Settings{{0x6303, 61}} << 2 << 0x6401 << -300;
-    QTest::newRow("headphone mute, right") << mixA + Settings{{0x6404, 1}} << 2 << 0x6401 << -900;
-    QTest::newRow("OTG OUT source and gain") << Settings{{0x6202, 9}, {0x6103, 79}} << 2 << 0x6101 << -200;
+    QTest::newRow("headphones before gain and mute") << mixA + Settings{{0x6303, 61}, {0x6304, 1}} << 2 << 0x6301 << -200;
+    QTest::newRow("OTG OUT source, before its gain") << Settings{{0x6202, 9}, {0x6103, 79}} << 2 << 0x6101 << -100;
     QTest::newRow("headphone equalizer input") << Settings{{0x6402, 9}, {0xAB0F, 1}, {0xAB14, -6}} << 3 << 0xAB0B << -160;
     QTest::newRow("playback is reported as it is") << Settings{{0x5303, kHalf}} << 2 << 0x3901 << -150;
     QTest::newRow("Mobile: playback fader is loopback 3/4") << Settings{{0x5303, kHalf}} << 1 << 0x3901 << -210;
-    QTest::newRow("Mobile: recording is everything") << Settings{} << 1 << 0x3903 << -84;
-    QTest::newRow("Mobile: recording fader is loopback 1/2") << Settings{{0x5103, 0}} << 1 << 0x3903 << -900;
+    QTest::newRow("Mobile: recording is before its fader") << Settings{{0x5103, 0}} << 1 << 0x3903 << -84;
     QTest::newRow("Mobile: routing is fixed") << Settings{{0x6402, 7}} << 1 << 0x6301 << -84;
 }
 

@@ -149,14 +149,14 @@ void applyOutputs(const ParameterStore& p, int workMode, Levels& out)
     if (p.value(0xAB0F))
         for (double& power : out.hpIn)
             power *= powerOfDb(std::clamp(p.value(0xAB14), -120, 60));
-    const Stereo otg = source(0x6202);
+    out.otgIn = source(0x6202);
     for (std::size_t side = 0; side < 2; ++side) {
         const auto gainOf = [&](std::uint16_t leftBlock, float (*law)(int), int index0dB) {
             const auto block = std::uint16_t(leftBlock + 0x100 * side);
             return p.value(block | 4) ? 0.0 : indexPower(law, p.value(block | 3, index0dB));
         };
         out.hpOut[side] = limited(out.hpIn[side]) * gainOf(0x6300, deviceToGainAux, kIndex0dBAux);
-        out.otgOut[side] = limited(otg[side]) * gainOf(0x6100, deviceToGainLine, kIndex0dBLine);
+        out.otgOut[side] = limited(out.otgIn[side]) * gainOf(0x6100, deviceToGainLine, kIndex0dBLine);
     }
 }
 
@@ -210,16 +210,17 @@ std::array<Meter, kMeterCount> readMeters(const Levels& levels, int workMode)
     constexpr std::uint16_t kMixes[] = {0x3115, 0x3315, 0x3515, 0x3715, 0x3B15};
     for (std::size_t bus = 0; bus < 5; ++bus)
         putStereo(kMixes[bus], std::uint16_t(kMixes[bus] + 0x100), levels.mix[bus]);
-    // Mobile mode has one playback and one recording fader, which are loopback gains; their levels take the first playback codes.
+    // Mobile mode has one playback and one recording fader, which are loopback gains; their levels take the first playback codes. The
+    // console adds the gains of what it records and plays itself, so these levels are before their faders.
     putStereo(0x3901, 0x3902, workMode == 1 ? levels.loopback[1] : source(PB12L));
-    putStereo(0x3903, 0x3904, workMode == 1 ? levels.loopback[0] : source(PB34L));
+    putStereo(0x3903, 0x3904, workMode == 1 ? levels.mix[0] : source(PB34L));
     putStereo(0x3905, 0x3906, source(PB56L));
     putStereo(0x3907, 0x3908, source(PB78L));
     putStereo(0x3911, 0x3912, source(PB910L));
     put(0x440D, levels.fxIn);
     put(0x440E, levels.fxOut);
-    putStereo(0x6101, 0x6201, levels.otgOut);
-    putStereo(0x6301, 0x6401, levels.hpOut);
+    putStereo(0x6101, 0x6201, levels.otgIn);
+    putStereo(0x6301, 0x6401, {limited(levels.hpIn[0]), limited(levels.hpIn[1])});
     putStereo(0x9B0B, 0x9B0C, levels.eqIn);
     putStereo(0x9B12, 0x9B13, levels.eqOut);
     putStereo(0xAB0B, 0xAB0C, levels.hpIn);

@@ -48,9 +48,10 @@ struct Levels {
     double fxIn = 0.0;
     double fxOut = 0.0;
     Stereo hpIn{};  // at the input of the headphone equalizer
-    Stereo hpOut{}; // behind output gain and mute
+    Stereo otgIn{}; // before its gain
+    Stereo hpOut{}; // behind output gain and mute; never on the wire, as the console adds the gain itself
     Stereo otgOut{};
-    std::array<Stereo, 4> loopback{}; // behind the loopback gains; never on the wire, but in Mobile mode as the recording level
+    std::array<Stereo, 4> loopback{}; // behind the loopback gains; on the wire in Mobile mode only, as the playback level
 };
 
 /// The levels of all points for these source powers, in a work mode (1 Mobile: routing fixed, 2 Live, 3 Pro: as written).
