@@ -129,6 +129,8 @@ void MainWindow_R47::connectLinks()
 {
     connect(mRecovery, &RecoveryPage::onlineRequested, this, &MainWindow_R47::on_PageFctyPushButton1_clicked);
     connect(mRecovery, &RecoveryPage::manualRequested, this, &MainWindow_R47::on_PageFctyPushButton2_clicked);
+    connect(mStatus, &StatusLine::easyRequested, this,
+            [this] { in_settings_attributeChanged(u"SettingsDevice"_s, u"DisplayMode"_s, u"Easy mode"_s); });
     connect(&WorkspaceSubject::instance(), &WorkspaceSubject::attributeChanged, &mDevice, &DeviceR47::in_Others_attributeChanged,
             Qt::UniqueConnection);
     connect(&AppSettingsSubject::instance(), &AppSettingsSubject::attributeChanged, this,
@@ -198,6 +200,7 @@ void MainWindow_R47::setPage(int page)
     mPageID = page;
     mStack->setCurrentIndex(page);
     mStatus->setMode(QString::fromUtf8(row->modeWord), QString::fromUtf8(row->modeWordZh));
+    mStatus->setEasyOffered(page == PageLive);
     WorkspaceSubject::instance().clearObservers();
 
     if (page == PageFcty) {
@@ -319,6 +322,22 @@ void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
             emit firmwareIdentified(identity);
         }
     }
+}
+
+void MainWindow_R47::in_settings_attributeChanged(QString objectName, QString attribute, QString value)
+{
+    if (attribute != u"DisplayMode"_s) {
+        return;
+    }
+    // The device knows the simple console as its Live mode: from one to the other it has nothing to do.
+    if (value == QLatin1StringView(pageRow(PageTyro)->modeWord)) {
+        setPage(PageTyro);
+        return;
+    }
+    if (mPageID == PageTyro && value == QLatin1StringView(pageRow(PageLive)->modeWord)) {
+        setPage(PageLive);
+    }
+    mDevice.in_Others_attributeChanged(objectName, u"FirmwareSelected"_s, value);
 }
 
 void MainWindow_R47::on_PageFctyPushButton1_clicked()

@@ -36,6 +36,8 @@ public:
 public slots:
     void in_USBAudio_attributeChanged(QString attribute, QString value) override;
     void in_mDevice_newFrameReceived(DeviceType1::FrameInfo frame);
+    /// An event of the settings: a work mode goes to the device, or, where only the console knows it, to the page.
+    void in_settings_attributeChanged(QString objectName, QString attribute, QString value);
     void on_PageFctyPushButton1_clicked();
     void on_PageFctyPushButton2_clicked();
 

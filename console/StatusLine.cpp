@@ -19,7 +19,8 @@ constexpr auto kSeparator = u"    ";
 
 } // namespace
 
-StatusLine::StatusLine(QStatusBar& bar) : QObject(&bar), mBar(bar), mLeft(new QLabel(&bar)), mRight(new QLabel(&bar))
+StatusLine::StatusLine(QStatusBar& bar)
+    : QObject(&bar), mBar(bar), mLeft(new QLabel(&bar)), mRight(new QLabel(&bar)), mEasy(new QPushButton(&bar))
 {
     bar.setStyleSheet(u"QStatusBar {   background-color: rgb(31, 31, 31);   color: white;}QSizeGrip {   image: none;   "
                       u"background-color: rgb(31, 31, 31);   width: 16px;   height: 16px;}QStatusBar::item { border: none; }"_s);
@@ -30,13 +31,24 @@ StatusLine::StatusLine(QStatusBar& bar) : QObject(&bar), mBar(bar), mLeft(new QL
         // The bar's height is fixed by the window's; a label must not ask for more.
         label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
     }
-    bar.addWidget(mLeft, 1);
+    mEasy->setObjectName(u"pushButtonEasyMode"_s);
+    mEasy->setCursor(Qt::PointingHandCursor);
+    mEasy->setStyleSheet(
+        u"QPushButton { color: rgb(67, 207, 124); background: transparent; border: 1px solid transparent; padding: 0px 8px; }"
+        u"QPushButton:hover { background-color: rgb(46, 46, 46); }QPushButton:focus { border-color: rgb(67, 207, 124); }"
+        u"QPushButton:pressed { background-color: rgb(60, 60, 60); }"_s);
+    mEasy->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+    mEasy->hide();
+    connect(mEasy, &QPushButton::clicked, this, &StatusLine::easyRequested);
+    bar.addWidget(mLeft);
+    bar.addWidget(mEasy);
     bar.addPermanentWidget(mRight);
 }
 
 void StatusLine::setLanguage(const QString& language)
 {
     mChinese = language == u"Chinese"_s;
+    mEasy->setText(mChinese ? u"简易模式"_s : u"Easy mode"_s);
     show();
 }
 
@@ -102,6 +114,7 @@ void StatusLine::fit(int windowHeight)
     mBar.setFont(font);
     mLeft->setFont(font);
     mRight->setFont(font);
+    mEasy->setFont(font);
     mBar.setFixedHeight(height);
 }
 
