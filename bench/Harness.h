@@ -61,6 +61,7 @@ QJsonObject floodConsole(const QStringList& arguments);
 QJsonObject floodReader(const QStringList& arguments);
 QJsonObject writerRate(const QStringList& arguments);
 QJsonObject loadWorkspace(const QStringList& arguments);
+QJsonObject loadPage(const QStringList& arguments);
 QJsonObject runMeters(const QStringList& arguments);
 QJsonObject arrive(const QStringList& arguments);
 

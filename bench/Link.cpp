@@ -25,7 +25,8 @@ constexpr auto kGainCode = "2304"; // of Input_AUX
 
 DialS1M6& gainDial(const QWidget& console)
 {
-    auto* strip = console.findChild<QWidget*>("Input_AUX");
+    const auto* page = console.findChild<QWidget*>("PageLive");
+    const auto* strip = page ? page->findChild<QWidget*>("Input_AUX") : nullptr;
     auto* dial = strip ? strip->findChild<DialS1M6*>() : nullptr;
     if (!dial) {
         fail("the console has no gain dial");

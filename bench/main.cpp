@@ -22,6 +22,7 @@ constexpr Command kCommands[]{
     {"flood-reader", "COUNT PER_SECOND", bench::floodReader},
     {"writer", "FRAMES", bench::writerRate},
     {"load", "ROUNDS", bench::loadWorkspace},
+    {"page", "ROUNDS", bench::loadPage},
     {"meters", "own|naive|empty HZ SECONDS", bench::runMeters},
     {"arrive", "", bench::arrive},
 };
