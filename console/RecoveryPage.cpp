@@ -5,9 +5,18 @@
 
 using namespace Qt::StringLiterals;
 
-RecoveryPage::RecoveryPage(QWidget* parent) : QWidget(parent), mNotice(this), mOnline(this), mManual(this)
+namespace
+{
+
+constexpr int kLightPeriod = 250; // ms
+
+} // namespace
+
+RecoveryPage::RecoveryPage(QWidget* parent) : QWidget(parent), mPicture(this), mNotice(this), mOnline(this), mManual(this)
 {
     setObjectName(u"PageFcty"_s);
+    mPicture.setObjectName(u"PageFctyPicture"_s);
+    mPicture.start(kLightPeriod);
     mNotice.setObjectName(u"PageFctyLabel1"_s);
     mOnline.setObjectName(u"PageFctyPushButton1"_s);
     mManual.setObjectName(u"PageFctyPushButton2"_s);
@@ -61,12 +70,18 @@ void RecoveryPage::resizeEvent(QResizeEvent* event)
 {
     const int w = event->size().width();
     const int h = event->size().height();
+    // The device at the left; what there is to read and to do beside it.
+    const int pictureHeight = h * 84 / 100;
+    const QSize& picture = R47_PrivateWidget6::kPictureSize;
+    mPicture.setGeometry(w * 8 / 100, (h - pictureHeight) / 2, pictureHeight * picture.width() / picture.height(), pictureHeight);
+    const int left = w * 37 / 100;
+    const int room = w * 56 / 100;
+    mNotice.setGeometry(left, h * 8 / 100, room, h * 61 / 100);
+    const int gap = w * 3 / 100;
     const int buttonWidth = w * 24 / 100;
     const int buttonHeight = h * 11 / 100;
-    const int gap = w * 4 / 100;
-    const int top = h * 74 / 100;
-    mNotice.setGeometry(w * 10 / 100, h * 6 / 100, w * 80 / 100, h * 60 / 100);
-    mOnline.setGeometry(w / 2 - gap / 2 - buttonWidth, top, buttonWidth, buttonHeight);
-    mManual.setGeometry(w / 2 + gap / 2, top, buttonWidth, buttonHeight);
+    const int top = h * 76 / 100;
+    mOnline.setGeometry(left + room / 2 - gap / 2 - buttonWidth, top, buttonWidth, buttonHeight);
+    mManual.setGeometry(left + room / 2 + gap / 2, top, buttonWidth, buttonHeight);
     QWidget::resizeEvent(event);
 }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "console/picture/R47_PrivateWidget6.h"
+
 #include <QLabel>
 #include <QPushButton>
 #include <QWidget>
 
-/// The page of a device that the driver sees but whose HID channel does not answer: a notice and two ways to new firmware.
+/// The page of a device that the driver sees but whose HID channel does not answer: a picture of it, a notice,
+/// and two ways to new firmware.
 class RecoveryPage : public QWidget
 {
     Q_OBJECT
@@ -27,6 +30,7 @@ private:
 
     QString mLanguage;
     QString mShownLanguage;
+    R47_PrivateWidget6 mPicture;
     QLabel mNotice;
     QPushButton mOnline;
     QPushButton mManual;

@@ -126,7 +126,7 @@ std::vector<Words> recoveryPictures()
 {
     const std::pair<const char*, QString> accent[]{{"LIGHT", u"#0aa84f"_s}, {"DARK", u"#017c37"_s}, {"EDGE", u"#43cf7c"_s}};
     const std::pair<const char*, QString> plain[]{{"LIGHT", u"#424242"_s}, {"DARK", u"#303030"_s}, {"EDGE", u"#5a5a5a"_s}};
-    const QSize notice(2000, 920);
+    const QSize notice(1440, 920);
     const QSize button(1200, 288);
     return {
         {"factory-notice.svg",

@@ -40,8 +40,8 @@ struct Microphone {
 constexpr Microphone kMicrophones[DuckingMap::kColumns]{{"IN1", "IN 1"}, {"IN2", "IN 2"}};
 
 // In percent of the width, and of a row's height.
-constexpr float kLabelWidth = 40;
-constexpr float kPlateWidth = 28;
+constexpr float kLabelWidth = 44;
+constexpr float kPlateWidth = 26;
 constexpr float kPlateHeight = 78;
 constexpr float kTallest = 1.25F; // of a row among eight, where fewer share the height
 
@@ -153,7 +153,7 @@ void DuckingMap::fitTexts()
         // A little lower than its row: rows of text that touch read badly.
         labels.push_back({row.label, row.label->text(), {row.label->width(), row.label->height() * 7 / 10}});
         for (PlateButton* plate : row.plates) {
-            plates.push_back({plate, plate->text(), plate->captionSize().toSize()});
+            plates.push_back({plate, plate->text(), layoutPlate(plate->size(), LampPlace::Left).caption.size().toSize()});
         }
     }
     fitTogether(mFace, labels);

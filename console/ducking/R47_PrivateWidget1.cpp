@@ -43,24 +43,24 @@ struct DialShape {
     Place place;
 };
 constexpr DialShape kDials[]{
-    {"Threshold", "闪避阈值", "dB", -60, -1, -30, 1, 1, {29.0F, 28.0F, 15.5F, 20.0F}},
-    {"Attack", "启动时间", "ms", 0, 1000, 200, 50, 10, {48.5F, 28.0F, 15.5F, 20.0F}},
-    {"Reduction", "闪避量", "dB", 1, 30, 16, 1, 1, {29.0F, 65.0F, 15.5F, 20.0F}},
-    {"Release", "释放时间", "ms", 10, 2000, 1000, 50, 10, {48.5F, 65.0F, 15.5F, 20.0F}},
+    {"Threshold", "闪避阈值", "dB", -60, -1, -30, 1, 1, {27.0F, 29.0F, 17.5F, 23.0F}},
+    {"Attack", "启动时间", "ms", 0, 1000, 200, 50, 10, {45.5F, 29.0F, 17.5F, 23.0F}},
+    {"Reduction", "闪避量", "dB", 1, 30, 16, 1, 1, {27.0F, 66.5F, 17.5F, 23.0F}},
+    {"Release", "释放时间", "ms", 10, 2000, 1000, 50, 10, {45.5F, 66.5F, 17.5F, 23.0F}},
 };
 constexpr float kCaptionHeight = 5.5F; // over its dial, and the unit below, in percent of the window's body
 
-constexpr Place kSwitch{28.5F, 5.0F, 36.0F, 11.0F};
-constexpr Place kMapCaption{68.0F, 5.0F, 29.0F, 6.5F};
-constexpr Place kMap{68.0F, 14.0F, 29.0F, 81.0F};
+constexpr Place kSwitch{27.0F, 5.0F, 36.0F, 11.0F};
+constexpr Place kMapCaption{66.0F, 6.0F, 31.0F, 6.0F};
+constexpr Place kMap{66.0F, 14.0F, 31.0F, 81.0F};
 
 struct InputPlace {
     const char* objectName;
     const char* name;
     Place place;
 };
-constexpr InputPlace kInputs[]{{"Ducking_IN1", "IN 1", {3.0F, 5.0F, 10.5F, 90.0F}},
-                               {"Ducking_IN2", "IN 2", {14.5F, 5.0F, 10.5F, 90.0F}}};
+constexpr InputPlace kInputs[]{{"Ducking_IN1", "IN 1", {3.0F, 5.0F, 10.0F, 90.0F}},
+                               {"Ducking_IN2", "IN 2", {14.0F, 5.0F, 10.0F, 90.0F}}};
 
 /// "MapIN1", "IN1WorkState": column 0 or 1.
 QString forColumn(const char* before, int column, const char* after = "")
@@ -113,6 +113,7 @@ void R47_PrivateWidget1::buildControls()
     mSwitch = new quillon::PlateButton(mGround);
     mSwitch->setObjectName(u"pushButtonDuckingSwitch"_s);
     mSwitch->setCheckable(true);
+    mSwitch->setLampPlace(quillon::LampPlace::Left);
     connect(mSwitch, &QPushButton::toggled, this, [this](bool on) {
         showSwitch(on);
         changed(mSwitchRow);
@@ -378,6 +379,7 @@ void R47_PrivateWidget1::fitTexts()
     }
     quillon::fitTogether(mFace, captions);
     quillon::fitTogether(mFace, units);
-    const quillon::FitText onSwitch[]{{mSwitch, u"OFF"_s, mSwitch->captionSize().toSize() * 7 / 10}};
+    const quillon::PlateLayout plate = quillon::layoutPlate(mSwitch->size(), quillon::LampPlace::Left);
+    const quillon::FitText onSwitch[]{{mSwitch, u"OFF"_s, plate.caption.size().toSize() * 7 / 10}};
     quillon::fitTogether(mFace, onSwitch);
 }
