@@ -126,6 +126,12 @@ void DuckingMap::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
 }
 
+void DuckingMap::showEvent(QShowEvent* event)
+{
+    fitTexts();
+    QWidget::showEvent(event);
+}
+
 void DuckingMap::layoutRows()
 {
     const auto percent = [this](float share) { return static_cast<int>(static_cast<float>(width()) * share / 100); };
@@ -147,6 +153,9 @@ void DuckingMap::layoutRows()
 
 void DuckingMap::fitTexts()
 {
+    if (!isVisible()) {
+        return; // measured when it is shown: the start of the program has no time for it
+    }
     std::vector<FitText> labels;
     std::vector<FitText> plates;
     for (const Row& row : mRows) {

@@ -346,6 +346,9 @@ bool R47_PrivateWidget1::eventFilter(QObject* watched, QEvent* event)
     if (watched == mGround && event->type() == QEvent::Resize) {
         layoutBody();
     }
+    if (watched == mGround && event->type() == QEvent::Show) {
+        fitTexts();
+    }
     return FramelessWindow::eventFilter(watched, event);
 }
 
@@ -371,6 +374,9 @@ void R47_PrivateWidget1::layoutBody()
 
 void R47_PrivateWidget1::fitTexts()
 {
+    if (!isVisible()) {
+        return; // measured when it is shown
+    }
     std::vector<quillon::FitText> captions{{mMapCaption, mMapCaption->text(), mMapCaption->size()}};
     std::vector<quillon::FitText> units;
     for (const Dial& dial : mDials) {
