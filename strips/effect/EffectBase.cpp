@@ -49,9 +49,11 @@ void EffectBase::declareModes(const std::function<StripValue(std::size_t)>& want
 void EffectBase::declareLoad(std::function<void()> loading)
 {
     engine().setHooks({.shown = [this, loading = std::move(loading)] {
-        // A bypass out of a file has left no mode: the first one takes its place.
-        mLastType = mType == bypass() ? nameOf(0) : mType;
-        showMode();
+        if (!mShape.modes.empty()) { // a panel of several effects sees to their modes itself
+            // A bypass out of a file has left no mode: the first one takes its place.
+            mLastType = mType == bypass() ? nameOf(0) : mType;
+            showMode();
+        }
         showTitle();
         if (loading) {
             loading();
