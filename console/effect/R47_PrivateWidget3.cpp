@@ -63,6 +63,8 @@ constexpr Fader kFaders[]{{"Input1Level", {"IN 1", "IN 1"}, {"IN 1 level", "IN 1
 constexpr float kFaderStart = 1.2F;
 constexpr float kFaderPitch = 6.6F;
 
+constexpr StripText kNoiseTitle{"Noise Reduction", "降噪"};
+constexpr StripText kReverbTitle{"Reverb", "混响"};
 constexpr StripText kNoiseLevel{"Noise Reduction Level", "降噪量"};
 constexpr StripText kMix{"Dry/Wet", "干湿比"};
 constexpr StripText kRoom{"Room Size", "空间大小"};
@@ -74,9 +76,9 @@ struct Caption {
     StripText text;
 };
 constexpr Caption kCaptions[]{
-    {"labelNoiseReduction", {36.0F, 11.5F, 28.0F, 6.0F}, {"Noise Reduction", "降噪"}},
+    {"labelNoiseReduction", {36.0F, 11.5F, 28.0F, 6.0F}, kNoiseTitle},
     {"labelNoiseLevel", {65.4F, 11.5F, 13.2F, 6.0F}, {"Level", "降噪量"}},
-    {"labelReverb", {36.0F, 42.8F, 42.6F, 6.0F}, {"Reverb", "混响"}},
+    {"labelReverb", {36.0F, 42.8F, 42.6F, 6.0F}, kReverbTitle},
     {"labelRoomSize", {51.8F, 61.5F, 13.2F, 5.5F}, kRoom},
     {"labelDecayRate", {65.4F, 61.5F, 13.2F, 5.5F}, kDecay},
     {"labelDry", {36.0F, 90.3F, 7.4F, 5.4F}, {"Dry", "干声"}},
@@ -132,7 +134,7 @@ void R47_PrivateWidget3::addFaders()
 
 void R47_PrivateWidget3::addNoise()
 {
-    quillon::ButtonPanel* types = addButtons(kNoisePanel, "widgetNoiseTypes", {36.0F, 18.5F, 28.0F, 20.0F});
+    quillon::ButtonPanel* types = addButtons(kNoisePanel, "widgetNoiseTypes", {36.0F, 18.5F, 28.0F, 20.0F}, kNoiseTitle);
     auto* level = addDial(new DialS1M5(this), "dialNoiseReduction", {65.4F, 18.0F, 13.2F, 21.5F}, kNoiseLevel);
     level->setRange(1, 70);
     mProcessors[0] = std::make_unique<quillon::TypedLevel>(kNoise, engine(), types, level, QList<QWidget*>{level});
@@ -140,7 +142,7 @@ void R47_PrivateWidget3::addNoise()
 
 void R47_PrivateWidget3::addReverb()
 {
-    quillon::ButtonPanel* types = addButtons(kReverbPanel, "widgetReverbTypes", {36.0F, 49.8F, 42.6F, 9.6F});
+    quillon::ButtonPanel* types = addButtons(kReverbPanel, "widgetReverbTypes", {36.0F, 49.8F, 42.6F, 9.6F}, kReverbTitle);
     auto* mix = addDial(new DialS1M1(this), "dialDryWet", {35.6F, 61.5F, 16.0F, 28.5F}, kMix);
     mix->setRange(0, 100);
     auto* room = addDial(new DialS1M5(this), "dialRoom", {51.8F, 67.3F, 13.2F, 23.0F}, kRoom);
@@ -158,7 +160,7 @@ void R47_PrivateWidget3::addReturn()
     mMeter->setWidthRatio(8, 20, 30); // each bar under its caption
     body().adopt(quillon::meterPort(mMeter), "widgetMeter", {81.0F, 16.5F, 17.8F, 72.0F},
                  {"FX IN and FX OUT", "效果输入和效果输出"});
-    quillon::ButtonPanel* buttons = addButtons(kMutePanel, "widgetMute", {81.9F, 90.0F, 16.0F, 7.8F});
+    quillon::ButtonPanel* buttons = addButtons(kMutePanel, "widgetMute", {81.9F, 90.0F, 16.0F, 7.8F}, {"FX", "效果"});
     mMute = quillon::panelPort(buttons);
     quillon::StripRow mute = quillon::switchRow(mMute, u"MUTE"_s);
     mute.sends = {u"MuteFX"_s};
@@ -166,10 +168,16 @@ void R47_PrivateWidget3::addReturn()
     connect(buttons, &quillon::ButtonPanel::stateChanged, this, [this, id] { engine().changed(id); });
 }
 
-quillon::ButtonPanel* R47_PrivateWidget3::addButtons(const PanelShape& shape, const char* objectName, const Place& place)
+quillon::ButtonPanel* R47_PrivateWidget3::addButtons(const PanelShape& shape, const char* objectName, const Place& place,
+                                                     const StripText& meaning)
 {
     auto* panel = new quillon::ButtonPanel(shape, this);
-    body().adopt(quillon::panelPort(panel), objectName, place);
+    quillon::PanelPort port = quillon::panelPort(panel);
+    // Both processors have a bypass: a button is called by more than its caption.
+    port.setAccessibleName = [this, panel, meaning](const QString& name) {
+        panel->setAccessibleName(name + u' ' + meaning.in(body().isChinese()));
+    };
+    body().adopt(port, objectName, place);
     return panel;
 }
 

@@ -3,6 +3,7 @@
 #include "console/effect/TypedLevel.h"
 
 #include <array>
+#include <memory>
 
 class VolumeMeterS1M7;
 
@@ -28,7 +29,8 @@ public:
     quillon::DeviceSetter deviceSetter(QStringView attribute) override;
 
 private:
-    quillon::ButtonPanel* addButtons(const quillon::PanelShape& shape, const char* objectName, const quillon::Place& place);
+    quillon::ButtonPanel* addButtons(const quillon::PanelShape& shape, const char* objectName, const quillon::Place& place,
+                                     const quillon::StripText& meaning);
     void addFaders();
     void addNoise();
     void addReverb();

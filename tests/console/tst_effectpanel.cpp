@@ -6,8 +6,10 @@
 #include "resources/Resources.h"
 #include "tests/strips/StripBench.h"
 
-#include <QLabel>
+#include <QAccessible>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QSlider>
 
 using namespace Qt::StringLiterals;
@@ -56,28 +58,16 @@ struct Processor {
     const char* dial;
     QString typeKey;
     QString levelKey;
-    QStringList names;
-    QStringList keys;
-    QList<int> levels;
-    QStringList disabled;
+    QString names;
+    QString keys;
+    QString levels;
+    QString disabled;
 };
 const Processor kProcessors[]{
-    {"widgetNoiseTypes",
-     "dialNoiseReduction",
-     u"NoiseReductionType"_s,
-     u"NoiseReduction"_s,
-     {u"Bypass"_s, u"NC1"_s, u"NC2"_s, u"NC3"_s},
-     {u"NoiseReductionBypass"_s, u"NoiseReductionNC1"_s, u"NoiseReductionNC2"_s, u"NoiseReductionNC3"_s},
-     {1, 15, 30, 45},
-     {u"dialNoiseReduction"_s}},
-    {"widgetReverbTypes",
-     "dialRoom",
-     u"ReverbType"_s,
-     u"Room"_s,
-     {u"Bypass"_s, u"STUDIO"_s, u"LIVE"_s, u"HALL"_s},
-     {u"ReverbBypass"_s, u"ReverbStudio"_s, u"ReverbLive"_s, u"ReverbHall"_s},
-     {1, 1, 1, 1},
-     {u"dialDryWet"_s, u"dialRoom"_s, u"dialDecay"_s}},
+    {"widgetNoiseTypes", "dialNoiseReduction", u"NoiseReductionType"_s, u"NoiseReduction"_s, u"Bypass NC1 NC2 NC3"_s,
+     u"NoiseReductionBypass NoiseReductionNC1 NoiseReductionNC2 NoiseReductionNC3"_s, u"1 15 30 45"_s, u"dialNoiseReduction"_s},
+    {"widgetReverbTypes", "dialRoom", u"ReverbType"_s, u"Room"_s, u"Bypass STUDIO LIVE HALL"_s,
+     u"ReverbBypass ReverbStudio ReverbLive ReverbHall"_s, u"1 1 1 1"_s, u"dialDryWet dialRoom dialDecay"_s},
 };
 
 } // namespace
@@ -129,27 +119,53 @@ private slots:
         for (const Processor& row : kProcessors) {
             Panel panel;
             const auto dialEnabled = [&](const QString& name) { return panel.child(name)->isEnabled(); };
-            QVERIFY(std::ranges::none_of(row.disabled, dialEnabled));
-            int sent = row.levels[0];
-            QList<int> levels = row.levels;
+            const QStringList names = row.names.split(u' ');
+            const QStringList keys = row.keys.split(u' ');
+            const QStringList dials = row.disabled.split(u' ');
+            QVERIFY(std::ranges::none_of(dials, dialEnabled));
+            QList<int> levels;
+            for (const QString& level : row.levels.split(u' ')) {
+                levels += level.toInt();
+            }
+            int sent = levels[0];
             for (const int type : {1, 3, 2, 1, 0, 3}) {
-                QStringList expected{row.typeKey + u'=' + row.names[type]};
+                QStringList expected{row.typeKey + u'=' + names[type]};
                 if (levels[type] != sent) { // one level in the device
                     expected += row.levelKey + u'=' + QString::number(levels[type]);
                 }
-                QCOMPARE(panel.click(row.types, row.names[type]), expected);
-                QCOMPARE(panel.click(row.types, row.names[type]), QStringList());
+                QCOMPARE(panel.click(row.types, names[type]), expected);
+                QCOMPARE(panel.click(row.types, names[type]), QStringList());
                 sent = levels[type];
-                QCOMPARE(std::ranges::all_of(row.disabled, dialEnabled), type != 0);
+                QCOMPARE(std::ranges::all_of(dials, dialEnabled), type != 0);
                 if (type != 0) {
                     sent = levels[type] += 1;
                     QCOMPARE(panel.key(row.dial, Qt::Key_Up), QStringList{row.levelKey + u'=' + QString::number(sent)});
                 }
                 QCOMPARE(panel.stored(row.levelKey.toLatin1()).toInt(), sent);
                 for (int i = 0; i < 4; ++i) {
-                    QCOMPARE(panel.stored(row.keys[i].toLatin1()).toInt(), levels[i]);
+                    QCOMPARE(panel.stored(keys[i].toLatin1()).toInt(), levels[i]);
                 }
             }
+        }
+    }
+
+    void controlsHaveNamesOfTheirOwn()
+    {
+        Panel panel;
+        for (const QString& language : {u"English"_s, u"Chinese"_s}) {
+            panel.widget.onAppSettingsChanged({}, u"Language"_s, language);
+            QSet<QString> names;
+            for (const QWidget* control : panel.widget.findChildren<QWidget*>()) {
+                if ((control->focusPolicy() & Qt::TabFocus) && !control->inherits("QLineEdit")) {
+                    const QString name =
+                        QAccessible::queryAccessibleInterface(const_cast<QWidget*>(control))->text(QAccessible::Name);
+                    QVERIFY2(!name.isEmpty() && !names.contains(name), qPrintable(name));
+                    names += name;
+                }
+            }
+            QCOMPARE(names.size(), 19); // with the close button
+            QCOMPARE(panel.widget.findChild<QLineEdit*>(u"lineEdit"_s)->text(),
+                     language == "English"_L1 ? u"Effects"_s : u"效果器"_s);
         }
     }
 
@@ -189,11 +205,8 @@ private slots:
         R47_PrivateWidget2 mobile(u"ConfigMenuMble"_s);
         R47_PrivateWidget2 live(u"ConfigMenuLive"_s);
         R47_PrivateWidget5 pro(u"ConfigMenuProf"_s);
-        struct Row {
-            WorkModeMenu& menu;
-            QStringList keys;
-        };
-        for (const auto& [menu, keys] : {Row{mobile, scenes + presets}, Row{live, scenes + presets}, Row{pro, presets}}) {
+        for (const auto& [menu, keys] :
+             {std::pair<WorkModeMenu&, QStringList>(mobile, scenes + presets), {live, scenes + presets}, {pro, presets}}) {
             QStringList told;
             connect(&menu, &WorkModeMenu::attributeChanged, this,
                     [&](const QString& object, const QString& key, const QString& value) {
