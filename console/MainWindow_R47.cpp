@@ -6,6 +6,7 @@
 #include "console/PageSize.h"
 #include "console/RecoveryPage.h"
 #include "console/StatusLine.h"
+#include "console/ducking/R47_PrivateWidget1.h"
 #include "console/pages/Pages.h"
 #include "device/USBAudioAPI.h"
 #include "workspace/WorkspaceChoice.h"
@@ -37,7 +38,8 @@ float scaleFactor()
 } // namespace
 
 MainWindow_R47::MainWindow_R47(QWidget* parent)
-    : MainWindow_Base(parent), mStack(new QStackedWidget(this)), mRecovery(new RecoveryPage), mStatus(new StatusLine(*statusBar()))
+    : MainWindow_Base(parent), mStack(new QStackedWidget(this)), mRecovery(new RecoveryPage),
+      mDucking(new R47_PrivateWidget1(this)), mStatus(new StatusLine(*statusBar()))
 {
     mDevice.setUsbIdentity(kVendorId, kProductId);
     setObjectName(u"MainWindow_R47"_s);
@@ -95,7 +97,39 @@ void MainWindow_R47::buildPages()
         PageKit kit(*mPages[page], mDevice, mRouter, mLinks);
         build(kit);
     }
+    linkDucking();
     linkSwitches();
+}
+
+void MainWindow_R47::linkDucking()
+{
+    mDucking->setFont(GlobalFont::instance().font());
+    AppSettingsSubject::instance().addObserver(mDucking);
+    connect(mDucking, &R47_PrivateWidget1::attributeChanged, &mDevice, &DeviceR47::in_Others_attributeChanged,
+            Qt::UniqueConnection);
+    connect(mDucking, &R47_PrivateWidget1::attributeChanged, this,
+            [this](const QString&, const QString& attribute, const QString& value) {
+                if (attribute == u"DuckingSwitch"_s) {
+                    ConsoleLinks::show(mLinks.duckingLamps, value.toInt() != 0);
+                }
+            });
+    mLinks.ducking = [this](const QString& value) {
+        if (value == u"Show"_s) {
+            mDucking->show();
+            mDucking->QWidget::raise();
+            mDucking->activateWindow();
+        } else {
+            mDucking->setDuckingSwitch(value == u"On"_s, true, true);
+        }
+    };
+    for (const PageId id : {PageMble, PageLive}) {
+        mPages[id]->addObserver(mDucking);
+    }
+    for (const PageId id : {PageMble, PageLive, PageTyro, PageProf}) {
+        mRouter.bind(id, u"Ducking"_s, *mDucking);
+        mRouter.bind(id, u"Input_IN1", u"Meter", mDucking->deviceSetter(u"MeterIN1"));
+        mRouter.bind(id, u"Input_IN2", u"Meter", mDucking->deviceSetter(u"MeterIN2"));
+    }
 }
 
 /// What the device says of the console's own windows, whichever page is shown.
@@ -118,10 +152,6 @@ void MainWindow_R47::linkSwitches()
             mRouter.bind(page->row().id, row.object, row.attribute,
                          [&lamps = row.lamps](const QVariant& value) { ConsoleLinks::show(lamps, value.toBool()); });
         }
-        mRouter.bind(page->row().id, u"Input_IN1", u"Meter",
-                     [this](const QVariant& value) { mLinks.duckingLevel[0](value.toInt()); });
-        mRouter.bind(page->row().id, u"Input_IN2", u"Meter",
-                     [this](const QVariant& value) { mLinks.duckingLevel[1](value.toInt()); });
     }
 }
 
@@ -202,6 +232,7 @@ void MainWindow_R47::setPage(int page)
     mStatus->setMode(QString::fromUtf8(row->modeWord), QString::fromUtf8(row->modeWordZh));
     mStatus->setEasyOffered(page == PageLive);
     WorkspaceSubject::instance().clearObservers();
+    mDucking->setLayoutForMobile(true);
 
     if (page == PageFcty) {
         const float scale = scaleFactor();
@@ -224,6 +255,7 @@ void MainWindow_R47::setPage(int page)
     }
     openWorkspace(*row);
     applySize();
+    mDucking->setLayoutForMobile(page != PageMble);
 }
 
 void MainWindow_R47::openWorkspace(const PageRow& row)
@@ -274,6 +306,7 @@ void MainWindow_R47::keepSizes()
 
 void MainWindow_R47::modifyScaleFactor()
 {
+    mDucking->setScaleFactor(scaleFactor());
     if (!inHandshake()) {
         dropPageSizes();
     }
@@ -374,4 +407,5 @@ void MainWindow_R47::closeEvent(QCloseEvent* event)
     event->setAccepted(false);
     keepSizes();
     hide();
+    mDucking->hide();
 }

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <vector>
 
+class R47_PrivateWidget1;
 class RecoveryPage;
 
 namespace quillon
@@ -53,6 +54,7 @@ private:
     void buildPages();
     void connectLinks();
     void linkSwitches();
+    void linkDucking();
     void openWorkspace(const quillon::PageRow& row);
     void applySize();
     void keepSizes();
@@ -67,6 +69,7 @@ private:
     quillon::FirmwareIdentity mIdentity;
     QStackedWidget* mStack;
     RecoveryPage* mRecovery;
+    R47_PrivateWidget1* mDucking;
     quillon::StatusLine* mStatus;
     std::vector<quillon::ConsolePage*> mPages; // by page id, null for the two pages without a workspace
     QTimer mSizeTimer;                         // writes sizes when a drag has come to rest: each write waits for the disk

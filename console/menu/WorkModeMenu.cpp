@@ -15,46 +15,42 @@ namespace
 {
 
 constexpr QColor kBox{31, 31, 31};
-constexpr int kGap = 4; // pixels between boxes
 constexpr double kRadius = 4;
-// Shares of a box.
-constexpr double kMargin = 0.08; // of its height, on all sides
-constexpr double kTitle = 0.24;  // of its height, of its width at most
-constexpr double kTitleGap = 0.04;
-constexpr double kPlate = 0.4; // height of a button, of its width at most
+// In heights of the menu.
+constexpr double kTitle = 2.9;
+constexpr double kButton = 3.3;
+constexpr double kPadding = 0.35; // before the title and behind the buttons
+constexpr double kMargin = 0.12;  // above and below
+constexpr double kGap = 0.15;     // between boxes
+constexpr double kText = 0.62;    // height of the title
 
-int widthOf(std::span<const MenuGroup> groups)
+/// Width of a box, in heights of the menu.
+double widthOf(const MenuGroup& group)
 {
-    int width = 0;
-    for (const MenuGroup& group : groups) {
-        width += group.panel.columns;
-    }
-    return width;
+    return 2 * kPadding + kTitle + kButton * group.panel.columns;
 }
 
 } // namespace
 
 std::vector<MenuPlace> menuPlaces(std::span<const MenuGroup> groups, QSize size)
 {
-    const bool stacked = size.height() > size.width();
-    const int gaps = kGap * static_cast<int>(groups.size() - 1);
-    const int units = stacked ? static_cast<int>(groups.size()) : widthOf(groups);
-    const double unit = std::max((stacked ? size.height() : size.width()) - gaps, 0) / static_cast<double>(units);
-    std::vector<MenuPlace> places;
-    double at = 0;
+    double heights = -kGap;
     for (const MenuGroup& group : groups) {
-        const double along = unit * (stacked ? 1 : group.panel.columns);
-        const int start = qRound(at);
-        const int end = qRound(at + along);
-        const QRect box = stacked ? QRect(0, start, size.width(), end - start) : QRect(start, 0, end - start, size.height());
-        const int margin = qRound(std::min(box.height(), box.width()) * kMargin);
-        const QRect inner = box.adjusted(margin, margin, -margin, -margin);
-        const int title = qRound(std::min(inner.height() * kTitle, inner.width() * kTitle));
-        QRect buttons = inner.adjusted(0, title + qRound(inner.height() * kTitleGap), 0, 0);
-        const int rows = static_cast<int>(group.panel.buttons.size()) / group.panel.columns;
-        buttons.setHeight(std::min(buttons.height(), qRound(kPlate * inner.width() / group.panel.columns * rows)));
-        places.push_back({box, {inner.x(), inner.y(), inner.width(), title}, buttons});
-        at += along + kGap;
+        heights += widthOf(group) + kGap;
+    }
+    const double unit = std::min<double>(size.height(), size.width() / heights);
+    const int margin = qRound(size.height() * kMargin);
+    std::vector<MenuPlace> places;
+    double left = 0;
+    for (const MenuGroup& group : groups) {
+        const auto at = [&](double heightsIn) { return qRound(left + heightsIn * unit); };
+        const int right = at(widthOf(group));
+        const int text = qRound(size.height() * kText);
+        const int buttons = at(kPadding + kTitle);
+        places.push_back({.box = {at(0), 0, right - at(0), size.height()},
+                          .title = {at(kPadding), (size.height() - text) / 2, qRound(kTitle * unit * 0.94), text},
+                          .buttons = {buttons, margin, at(widthOf(group) - kPadding) - buttons, size.height() - 2 * margin}});
+        left += (widthOf(group) + kGap) * unit;
     }
     return places;
 }
@@ -69,7 +65,7 @@ WorkModeMenu::WorkModeMenu(std::span<const MenuGroup> groups, const QString& obj
                 [this](const QString& button, const QString& state) { emit attributeChanged(this->objectName(), button, state); });
         mBoxes.push_back(box);
     }
-    setMinimumSize(72 * widthOf(groups), 58);
+    setMinimumHeight(20);
     setLanguage(u"English"_s);
 }
 

@@ -15,7 +15,7 @@ namespace quillon
 class ButtonPanel;
 class CaptionLabel;
 
-/// A box of a menu: its title over its buttons.
+/// A box of a menu: its title before its buttons.
 struct MenuGroup {
     StripText title;
     PanelShape panel;
@@ -27,7 +27,7 @@ struct MenuPlace {
     QRect title;
     QRect buttons;
 };
-/// The boxes side by side, as wide as their buttons need; one under the other where the menu is higher than wide.
+/// The boxes one after the other in a row, of a width that suits its height; narrower where they would not fit.
 std::vector<MenuPlace> menuPlaces(std::span<const MenuGroup> groups, QSize size);
 
 /// The menu of a work mode: boxes of commands to the device, which keeps what they are about. Tells of a click as

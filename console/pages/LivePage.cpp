@@ -1,5 +1,8 @@
+#include "console/effect/R47_PrivateWidget3.h"
+#include "console/menu/R47_PrivateWidget2.h"
 #include "console/pages/Pages.h"
 #include "console/pages/StudioFields.h"
+#include "strips/field/FieldEffectS1M1.h"
 #include "strips/field/FieldMixerS1M1.h"
 #include "strips/input/InputS1M1.h"
 #include "strips/input/InputS1M2.h"
@@ -51,15 +54,26 @@ void linkBalance(PageKit& kit, InputBase* microphone, MixerS1M3* mixer, void (Mi
     kit.link(microphone, u"BalanceLoad"_s, [mixer, set](const QString& value) { (mixer->*set)(value.toInt(), false); });
 }
 
+void addEffects(PageKit& kit)
+{
+    auto* field = kit.addField(ConsolePage::Left, new FieldEffectS1M1(u"FieldEffect"_s));
+    auto* panel = kit.add(new R47_PrivateWidget3(u"Effect_Integration"_s), {&DeviceR47::in_fieldEffect_attributeChanged});
+    panel->setChannelName(u"Effect_Integration"_s).setSaveEvents(false);
+    kit.bind(u"Effect"_s, *panel);
+    field->setWidgetList({panel});
+}
+
 } // namespace
 
 void buildLivePage(PageKit& kit)
 {
     const QList<InputBase*> inputs = buildInputs(kit, kInputs);
     FieldMixerS1M1* mixes = buildMixers(kit, kRouting, kMixers);
+    addEffects(kit);
     buildLoopbacks(kit, kRouting, *mixes, makeStrip<LoopbackBase, LoopbackS1M1>);
     buildOutputs(kit, kRouting, *mixes, kOutputs);
 
+    kit.addMenu(new R47_PrivateWidget2(u"ConfigMenuLive"_s));
     kit.addMicrophone(inputs[0], ConsoleLinks::In1, true);
     kit.addMicrophone(inputs[1], ConsoleLinks::In2, true);
     auto* microphones = mixes->findChild<MixerS1M3*>();

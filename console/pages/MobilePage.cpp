@@ -1,3 +1,4 @@
+#include "console/menu/R47_PrivateWidget2.h"
 #include "console/pages/PageKit.h"
 #include "console/pages/Pages.h"
 #include "strips/effect/EffectS1M3.h"
@@ -110,6 +111,7 @@ void buildMobilePage(PageKit& kit)
     const QList<PlainStrip*> outputs = addStrips(kit, kOutputs, &DeviceR47::in_fieldOutput_attributeChanged);
     outputField->setWidgetList(outputs);
 
+    kit.addMenu(new R47_PrivateWidget2(u"ConfigMenuMble"_s));
     kit.addMicrophone(static_cast<OriginBase*>(inputs[0]), ConsoleLinks::In1, true);
     kit.addMicrophone(static_cast<OriginBase*>(inputs[1]), ConsoleLinks::In2, true);
     kit.report(u"Output_OTGOUT", u"Plug", inputs[4]->deviceSetter(u"Plug"));

@@ -19,11 +19,10 @@ struct ConsoleLinks {
     enum Channel : std::uint8_t { In1, In2, Headphones, ChannelCount };
     using Lamps = std::vector<std::function<void(bool)>>;
 
-    // Into the windows: "Show", "On" or "Off", and the level of a microphone.
+    // Into the windows: "Show", "On" or "Off".
     std::function<void(const QString&)> ducking = [](const QString&) {};
     std::array<std::function<void(const QString&)>, ChannelCount> equalizer{[](const QString&) {}, [](const QString&) {},
                                                                             [](const QString&) {}};
-    std::array<std::function<void(int)>, 2> duckingLevel{[](int) {}, [](int) {}};
     std::function<void(PageId)> showPage = [](PageId) {};
     // The windows' switches on the strips of all pages.
     Lamps duckingLamps;
@@ -71,6 +70,16 @@ public:
         strip->setFont(GlobalFont::instance().font());
         return strip;
     }
+    /// The work mode's menu at the foot of the page.
+    template<class Menu> void addMenu(Menu* menu)
+    {
+        QObject::connect(menu, &Menu::attributeChanged, &mDevice, &DeviceR47::in_Others_attributeChanged, Qt::UniqueConnection);
+        observe(menu);
+        menu->setFont(GlobalFont::instance().font());
+        mPage.setMenu(menu);
+    }
+    /// Binds the reports of an object whose name the strip does not bear.
+    void bind(const QString& object, StripEndpoint& strip) { mRouter.bind(mPage.row().id, object, strip); }
     /// Loads with the page and hears of language and scale, where it does either.
     template<class Observer> void observe(Observer* observer)
     {

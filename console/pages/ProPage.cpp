@@ -1,3 +1,4 @@
+#include "console/menu/R47_PrivateWidget5.h"
 #include "console/pages/Pages.h"
 #include "console/pages/StudioFields.h"
 #include "strips/field/FieldMixerS1M1.h"
@@ -52,6 +53,7 @@ void buildProPage(PageKit& kit)
     buildLoopbacks(kit, kRouting, *mixes, makeStrip<LoopbackBase, LoopbackS1M2>);
     const QList<OutputBase*> outputs = buildOutputs(kit, kRouting, *mixes, kOutputs);
 
+    kit.addMenu(new R47_PrivateWidget5(u"ConfigMenuProf"_s));
     kit.addMicrophone(inputs[0], ConsoleLinks::In1, false);
     kit.addMicrophone(inputs[1], ConsoleLinks::In2, false);
     auto* headphones = static_cast<OutputS1M4*>(outputs[0]);

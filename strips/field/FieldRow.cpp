@@ -213,8 +213,10 @@ void FieldRow::restyleBar(bool scrollable)
 
 void FieldRow::limitSize()
 {
-    const auto lengthOf = [this](const QWidget* widget) {
-        return stripSize(mGeometry.stripHeight, alongAcross(mOrientation, widget->minimumSize())).width();
+    // A field that was never shown has no height to speak of, and a length out of it would hold the page's splitters open.
+    const int height = mField->isVisible() ? mGeometry.stripHeight : 0;
+    const auto lengthOf = [this, height](const QWidget* widget) {
+        return stripSize(height, alongAcross(mOrientation, widget->minimumSize())).width();
     };
     int longest = 0;
     for (const Record& record : std::as_const(mWidgetList)) {
@@ -225,7 +227,8 @@ void FieldRow::limitSize()
     if (longest == 0) {
         longest = lengthOf(mAddition);
     }
-    const int length = 2 * mGeometry.start + 2 * longest + mGeometry.gap;
+    const int strips = mWidgetList.size() == 1 ? 1 : 2;
+    const int length = 2 * mGeometry.start + strips * longest + (strips - 1) * mGeometry.gap;
     if (isColumn()) {
         mField->setMinimumHeight(length);
     } else {

@@ -35,9 +35,11 @@ public:
 
     RunningR47& unit() { return mUnit; }
     MainWindow_R47& window() { return *mWindow; }
+    /// The strip of that name on the Live page; other pages have theirs of the same name.
+    QWidget* stripOf(const QString& name) const { return mWindow->findChild<QWidget*>("PageLive")->findChild<QWidget*>(name); }
     QWidget* part(const QString& strip, const char* child) const
     {
-        auto* widget = mWindow->findChild<QWidget*>(strip)->findChild<QWidget*>(QLatin1StringView(child));
+        auto* widget = stripOf(strip)->findChild<QWidget*>(QLatin1StringView(child));
         Q_ASSERT(widget);
         return widget;
     }
@@ -86,7 +88,7 @@ public:
     {
         QStringList lines;
         for (const char* strip : kStrips) {
-            for (QWidget* child : mWindow->findChild<QWidget*>(strip)->findChildren<QWidget*>()) {
+            for (QWidget* child : stripOf(strip)->findChildren<QWidget*>()) {
                 QString state;
                 if (auto* host = dynamic_cast<quillon::ValueControlHost*>(child))
                     state = QString::number(host->valueControl().accessibleValue()) + ' ' + host->valueControl().accessibleText();
