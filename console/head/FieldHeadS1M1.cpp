@@ -1,0 +1,84 @@
+#include "console/head/FieldHeadS1M1.h"
+
+#include "console/head/ComboBoxS1M1.h"
+#include "workspace/WorkspaceChoice.h"
+#include "workspace/WorkspaceSubject.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+FieldHeadS1M1::FieldHeadS1M1(const QString& objectName, QWidget* parent) : FieldHeadBase1(objectName, parent)
+{
+    setAutoSave(quillon::workspaceMode() == 0);
+}
+
+void FieldHeadS1M1::setWorkspaces(const QStringList& names, const QString& current)
+{
+    WorkspaceSubject& subject = WorkspaceSubject::instance();
+    setAutoSave(quillon::workspaceMode() == 0);
+    mOpen.clear();
+    const auto valid = [&subject](const QString& name) { return subject.isWorkspaceValid(name); };
+    if (names.isEmpty() || (names.contains(current) && valid(current))) {
+        FieldHeadBase1::setWorkspaces(names, current);
+    } else if (const auto first = std::find_if(names.begin(), names.end(), valid); first != names.end()) {
+        FieldHeadBase1::setWorkspaces(names, *first);
+    } else {
+        const QString fresh = quillon::uniqueName(QString(), names);
+        subject.createWorkspace(fresh);
+        FieldHeadBase1::setWorkspaces(names + QStringList{fresh}, fresh);
+    }
+    // A page that could not open its own must not go on in the workspace of the page before: their groups have the same names.
+    if (mOpen.isEmpty()) {
+        subject.close();
+    }
+}
+
+void FieldHeadS1M1::onAppSettingsChanged(QString, QString attribute, QString value)
+{
+    if (attribute == "Language"_L1) {
+        setLanguage(value);
+    } else if (attribute == "AutoSaveWorkspace"_L1) {
+        setAutoSave(QVariant(value).toBool());
+    }
+}
+
+/// What cannot be opened is not shown as open: the changes would go elsewhere.
+void FieldHeadS1M1::open(const QString& name)
+{
+    WorkspaceSubject& subject = WorkspaceSubject::instance();
+    subject.modifyWorkspace(name, quillon::workspaceMode());
+    if (subject.isCurrent(name)) {
+        mOpen = name;
+        emit workspaceOpened(name);
+    } else {
+        selector()->showName(mOpen);
+    }
+}
+
+void FieldHeadS1M1::in_item_attributeChanged(const QString& objectName, const QString& attribute, const QString& value)
+{
+    WorkspaceSubject& subject = WorkspaceSubject::instance();
+    if (setStream(objectName, value)) {
+        return;
+    }
+    if (objectName == "SystemSettings"_L1) {
+        emit attributeChanged(objectName, attribute, value);
+    } else if (objectName == "WorkspaceDownload"_L1) {
+        askDownload();
+    } else if (objectName == "WorkspaceSave"_L1) {
+        subject.saveWorkspace();
+    } else if (attribute == "ItemChanged"_L1) {
+        open(value);
+    } else if (attribute == "RemoveItem"_L1) {
+        subject.removeWorkspace(value);
+    } else if (attribute == "NewItem"_L1) {
+        subject.createWorkspace(value);
+    } else if (attribute == "ItemSaveAs"_L1) {
+        subject.workspaceSaveAs(value);
+    } else if (attribute == "RestoreDefault"_L1) {
+        // Another one than the open one is made anew: what is open keeps its content.
+        subject.isCurrent(value) ? subject.clearWorkspace() : subject.createWorkspace(value);
+        open(value);
+    }
+}

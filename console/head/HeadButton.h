@@ -1,0 +1,35 @@
+#pragma once
+
+#include "controls/FocusMark.h"
+
+#include <QAbstractButton>
+
+namespace quillon
+{
+
+/// The picture on a button of the bar.
+enum class HeadPicture { Save, Download, Settings };
+
+/// A button of the bar: a picture on the bar's own ground, with a plate under the pointer. GUI thread.
+class HeadButton : public QAbstractButton
+{
+public:
+    HeadButton(HeadPicture picture, QWidget* parent);
+
+    /// There is nothing to do by hand: the picture is dimmed and ticked. The button still works.
+    void setDone(bool done);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    const HeadPicture mPicture;
+    QIcon mIcon; // of a picture that is a file
+    FocusMark mFocus;
+    bool mDone = false;
+};
+
+} // namespace quillon

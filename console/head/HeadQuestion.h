@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+
+class MessageBoxWidget;
+class QFont;
+class QString;
+class QWidget;
+
+namespace quillon
+{
+
+/// Puts a question over the middle of the console and returns at once. answered gets its result, 0 when it was closed, unless the
+/// asker has gone: the question goes with it. Takes body over. GUI thread.
+void askOverConsole(QWidget* asker, MessageBoxWidget* body, const QString& language, const std::function<void(int)>& answered);
+
+} // namespace quillon
