@@ -1,7 +1,6 @@
 #include "console/head/ComboBoxS1M1.h"
 
 #include "app/GlobalFont.h"
-#include "console/head/ComboBoxS1M1_ItemS1M1.h"
 #include "console/head/HeadQuestion.h"
 #include "controls/MessageBoxWidget.h"
 #include "workspace/WorkspaceChoice.h"
@@ -55,6 +54,10 @@ public:
         const int line = QFontMetrics(option.font).height();
         return {1, int(line * (isLine(index) ? 0.6 : kRowHeight))};
     }
+    void updateEditorGeometry(QWidget* row, const QStyleOptionViewItem& option, const QModelIndex&) const override
+    {
+        row->setGeometry(option.rect);
+    }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         if (isLine(index)) {
@@ -96,13 +99,7 @@ ComboBoxS1M1::ComboBoxS1M1(QWidget* parent)
     setItemDelegate(new RowDelegate(this));
     setMaxVisibleItems(kVisibleRows);
     mList->installEventFilter(this);
-    connect(mList, &QListWidget::currentRowChanged, this, [this](int row) {
-        for (int i = 0; i < nameCount(); ++i) {
-            if (auto* widget = rowWidget(i)) {
-                widget->setLit(i == row);
-            }
-        }
-    });
+    connect(mList, &QListWidget::currentRowChanged, this, &ComboBoxS1M1::light);
     connect(this, &QComboBox::activated, this, &ComboBoxS1M1::choose);
     // After the core, which fits its letters to the longest item: here that is a command, and a long name is cut short anyway.
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
@@ -144,6 +141,17 @@ int ComboBoxS1M1::rowOf(const QString& name) const
 ComboBoxS1M1_ItemS1M1* ComboBoxS1M1::rowWidget(int row) const
 {
     return static_cast<ComboBoxS1M1_ItemS1M1*>(mList->itemWidget(mList->item(row)));
+}
+
+void ComboBoxS1M1::light(int row)
+{
+    if (mLit) {
+        mLit->setLit(false);
+    }
+    mLit = row >= 0 && row < nameCount() ? rowWidget(row) : nullptr;
+    if (mLit) {
+        mLit->setLit(true);
+    }
 }
 
 void ComboBoxS1M1::tell(const QString& attribute, const QString& name)
@@ -377,7 +385,7 @@ void ComboBoxS1M1::askDelete(const QString& name)
     });
 }
 
-/// What is open is never what is deleted: another one is loaded before.
+/// What is open is never what is deleted: another one is loaded before, and when that fails nothing goes.
 void ComboBoxS1M1::remove(const QString& name)
 {
     const int row = rowOf(name);
@@ -392,6 +400,9 @@ void ComboBoxS1M1::remove(const QString& name)
         pick(fresh);
     } else if (name == mCurrent) {
         pick(itemText(row == last ? 0 : row + 1));
+    }
+    if (name == mCurrent) {
+        return;
     }
     tell(u"RemoveItem"_s, name);
     delete mList->takeItem(rowOf(name));
@@ -433,6 +444,7 @@ void ComboBoxS1M1::showPopup()
     const int extras = int(QFontMetrics(letters).height() * kRowHeight * 2.2); // lamp, delete button, scroll bar
     mList->setMinimumWidth(std::max(width(), widest + extras));
     QComboBox::showPopup();
+    light(mList->currentRow());
 }
 
 bool ComboBoxS1M1::eventFilter(QObject* watched, QEvent* event)
@@ -498,10 +510,12 @@ void ComboBoxS1M1::paintEvent(QPaintEvent*)
     }
 }
 
-/// A page that goes away takes no name.
+/// A page that goes away takes no name; a window that is minimised comes back.
 void ComboBoxS1M1::hideEvent(QHideEvent* event)
 {
-    closeEdit();
+    if (!event->spontaneous()) {
+        closeEdit();
+    }
     QComboBox::hideEvent(event);
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "console/head/ComboBoxS1M1_ItemS1M1.h"
 #include "controls/picker/ComboCore.h"
 
-class ComboBoxS1M1_ItemS1M1;
+#include <QPointer>
+
 class QListWidget;
 
 /// The selector of workspaces: their names, and below them the commands that restore, make and copy one. It is never without a
@@ -62,6 +64,7 @@ private:
     void pick(const QString& name);
     void addName(const QString& name);
     void buildRows();
+    void light(int row);
     void fitLetters();
 
     void openEdit(EditKind kind);
@@ -81,6 +84,7 @@ private:
     QString mLanguage;
     QString mCurrent;
     EditKind mEditKind = New;
+    QPointer<ComboBoxS1M1_ItemS1M1> mLit;
     bool mEditOpen = false;
     bool mAsking = false;
     bool mRefused = false;

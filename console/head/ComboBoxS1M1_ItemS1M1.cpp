@@ -2,10 +2,10 @@
 
 #include "controls/FocusMark.h"
 
-#include <QAbstractButton>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -13,10 +13,10 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class DeleteButton final : public QAbstractButton
+class DeleteButton final : public QPushButton
 {
 public:
-    explicit DeleteButton(QWidget* parent) : QAbstractButton(parent)
+    explicit DeleteButton(QWidget* parent) : QPushButton(parent)
     {
         setAttribute(Qt::WA_Hover);
         setFocusPolicy(Qt::NoFocus); // the keyboard stays with the list until it is brought here
@@ -48,7 +48,7 @@ protected:
             click();
             break;
         case Qt::Key_Space:
-            QAbstractButton::keyPressEvent(event);
+            QPushButton::keyPressEvent(event);
             break;
         case Qt::Key_Left:
         case Qt::Key_Up:
@@ -81,7 +81,7 @@ ComboBoxS1M1_ItemS1M1::ComboBoxS1M1_ItemS1M1(const QString& name, QWidget* paren
 {
     setMouseTracking(true); // the list follows the pointer through its rows
     mDelete->setObjectName(u"delete"_s);
-    connect(mDelete, &QAbstractButton::clicked, this, [this] { emit deleteClicked(mName); });
+    connect(mDelete, &QPushButton::clicked, this, [this] { emit deleteClicked(mName); });
     setLanguage(u"English"_s);
 }
 

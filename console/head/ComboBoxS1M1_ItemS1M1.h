@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QAbstractButton;
+class QPushButton;
 
 /// A row in the list of workspaces: the name, and the button that deletes it. The rest of the mouse is the list's. GUI thread.
 class ComboBoxS1M1_ItemS1M1 : public QWidget
@@ -32,7 +32,7 @@ protected:
 
 private:
     const QString mName;
-    QAbstractButton* mDelete;
+    QPushButton* mDelete;
     bool mCurrent = false;
     bool mLit = false;
 };

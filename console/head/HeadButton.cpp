@@ -52,7 +52,7 @@ void paintTick(QPainter& painter)
 
 } // namespace
 
-HeadButton::HeadButton(HeadPicture picture, QWidget* parent) : QAbstractButton(parent), mPicture(picture)
+HeadButton::HeadButton(HeadPicture picture, QWidget* parent) : QPushButton(parent), mPicture(picture)
 {
     if (picture == HeadPicture::Settings) {
         mIcon = QIcon(u":/Icon/Settings.png"_s);
@@ -105,20 +105,20 @@ void HeadButton::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
     } else {
-        QAbstractButton::keyPressEvent(event);
+        QPushButton::keyPressEvent(event);
     }
 }
 
 void HeadButton::focusInEvent(QFocusEvent* event)
 {
     mFocus.focusIn(event);
-    QAbstractButton::focusInEvent(event);
+    QPushButton::focusInEvent(event);
 }
 
 void HeadButton::focusOutEvent(QFocusEvent* event)
 {
     mFocus.focusOut(event);
-    QAbstractButton::focusOutEvent(event);
+    QPushButton::focusOutEvent(event);
 }
 
 } // namespace quillon

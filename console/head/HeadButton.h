@@ -2,7 +2,7 @@
 
 #include "controls/FocusMark.h"
 
-#include <QAbstractButton>
+#include <QPushButton>
 
 namespace quillon
 {
@@ -11,7 +11,7 @@ namespace quillon
 enum class HeadPicture { Save, Download, Settings };
 
 /// A button of the bar: a picture on the bar's own ground, with a plate under the pointer. GUI thread.
-class HeadButton : public QAbstractButton
+class HeadButton : public QPushButton
 {
 public:
     HeadButton(HeadPicture picture, QWidget* parent);

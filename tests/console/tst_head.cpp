@@ -50,9 +50,10 @@ struct Bench {
         subject.setWorkspaceInfo(u"R47"_s, folder.path(), u"R47_Live_"_s);
         subject.addObserver(&probe);
         for (const QString& name : names) {
-            subject.createWorkspace(name);
-            subject.modifyWorkspace(name, 0);
-            probe.set(++made);
+            QFile file(path(name));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("[ConfigFileHeader]\nDeviceName=R47\nCreateDate=2026-11-15 01:12:08\n[Probe]\nValue=" +
+                       QByteArray::number(++made) + '\n');
         }
         window.resize(1100, 645);
         bar.setParent(&window);
@@ -106,11 +107,12 @@ struct Bench {
         }
         return lines.join(u' ');
     }
-    /// What a workspace holds when it is opened.
+    QString path(const QString& name) const { return folder.filePath(u"R47_Live_%1.ini"_s.arg(name)); }
+    /// What a workspace has on the disk, once nothing is open any more.
     int content(const QString& name)
     {
-        subject.modifyWorkspace(name, 0);
-        return subject.isCurrent(name) ? probe.value : -1;
+        subject.close();
+        return QSettings(path(name), QSettings::IniFormat).value("Probe/Value", 0).toInt();
     }
 
     QTemporaryDir folder;
@@ -192,6 +194,12 @@ void TestHead::flows_data()
         };
     };
     row("choose", [](Bench& b) { b.pick(0); }, u"ItemChanged=A"_s, u"A"_s, {1, 9, 3, -1});
+    row("choose by mouse",
+        [](Bench& b) {
+            b.box().showPopup();
+            QTest::mouseClick(b.list().itemWidget(b.list().item(0)), Qt::LeftButton, {}, {5, 5});
+        },
+        u"ItemChanged=A"_s, u"A"_s, {1, 9, 3, -1});
     row("choose the same", [](Bench& b) { b.pick(1); }, {}, u"B"_s, {1, 9, 3, -1});
     row(
         "restore", [](Bench& b) { b.command(3); }, u"RestoreDefault=B"_s, u"B"_s, {1, 0, 3, -1}, false);
@@ -354,7 +362,7 @@ void TestHead::aPageThatGoesTakesNoName()
 void TestHead::workspacesOfOthersArePassedOver()
 {
     Bench bench(true);
-    bench.subject.createFile(bench.folder.filePath(u"R47_Live_X.ini"_s), u"Other"_s);
+    bench.subject.createFile(bench.path(u"X"_s), u"Other"_s);
     bench.bar.setWorkspaces({u"X"_s, u"C"_s}, u"X"_s);
     QCOMPARE(bench.box().currentName(), u"C"_s);
     bench.bar.setWorkspaces({u"X"_s}, u"X"_s);
@@ -365,7 +373,7 @@ void TestHead::workspacesOfOthersArePassedOver()
 void TestHead::vanishedFileLeavesTheSelection()
 {
     Bench bench(true);
-    QVERIFY(QFile::remove(bench.folder.filePath(u"R47_Live_C.ini"_s)));
+    QVERIFY(QFile::remove(bench.path(u"C"_s)));
     QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::modifyFile //file does not exist");
     bench.pick(2);
     QCOMPARE(bench.box().currentText(), u"B"_s);
