@@ -38,6 +38,13 @@ constexpr int kVisibleRows = 16;
 constexpr double kLetterHeight = 0.78; // of a line of text in the box
 constexpr double kRowHeight = 1.75;    // of a line of text
 
+// Beside that of the core, once.
+constexpr const char* kSheet = "QToolTip { background: rgb(48, 48, 48); color: white; border: 1px solid rgb(84, 84, 84); }"
+                               "QScrollBar:vertical { background: rgb(22, 22, 22); width: 10px; margin: 0px; }"
+                               "QScrollBar::handle:vertical { background: rgb(84, 84, 84); border-radius: 3px;"
+                               " margin: 2px; min-height: 24px; }"
+                               "QScrollBar::add-line, QScrollBar::sub-line { height: 0px; }";
+
 QString quoted(const QString& name)
 {
     return u"\" %1 \""_s.arg(name);
@@ -97,6 +104,8 @@ ComboBoxS1M1::ComboBoxS1M1(QWidget* parent)
 {
     setObjectName(u"Workspace"_s);
     setItemDelegate(new RowDelegate(this));
+    setStyleSheet(styleSheet() + QString::fromLatin1(kSheet));
+    mList->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded); // the box had not been told yet that it opens a list
     setMaxVisibleItems(kVisibleRows);
     mList->installEventFilter(this);
     connect(mList, &QListWidget::currentRowChanged, this, &ComboBoxS1M1::light);

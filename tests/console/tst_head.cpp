@@ -357,6 +357,14 @@ void TestHead::aPageThatGoesTakesNoName()
     bench.bar.hide();
     QVERIFY(bench.told().isEmpty() && !bench.box().isEditOpen());
     QCOMPARE(bench.box().currentText(), u"B"_s);
+    {
+        Bench gone(true); // a lost device takes the console away under an open question
+        gone.command(2);
+        gone.type(u"C"_s);
+        QVERIFY(gone.question());
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void TestHead::workspacesOfOthersArePassedOver()
