@@ -1,5 +1,7 @@
 #include "console/ConsolePage.h"
 
+#include "console/head/FieldHead.h"
+
 #include <QVBoxLayout>
 
 namespace quillon
@@ -9,7 +11,6 @@ namespace
 {
 
 constexpr double kGapShare = 0.0047;
-constexpr double kHeadShare = 0.064;
 constexpr double kMenuShare = 0.052;
 
 } // namespace
@@ -61,7 +62,7 @@ QFrame* ConsolePage::addPane(Pane pane, QSplitter* splitter)
     return frame;
 }
 
-void ConsolePage::setHead(QWidget* head)
+void ConsolePage::setHead(FieldHead* head)
 {
     mHead = head;
     static_cast<QVBoxLayout*>(layout())->insertWidget(0, head);
@@ -101,7 +102,7 @@ void ConsolePage::fit(int windowHeight)
         splitter->setHandleWidth(gap);
     }
     if (mHead) {
-        mHead->setFixedHeight(static_cast<int>(windowHeight * kHeadShare));
+        mHead->fit(windowHeight);
     }
     if (mMenu) {
         mMenu->setFixedHeight(static_cast<int>(windowHeight * kMenuShare));

@@ -13,6 +13,8 @@ class WorkspaceObserver;
 namespace quillon
 {
 
+class FieldHead;
+
 /// One page of the console: its bar on top, its menu at the foot, panes between splitters, the fields that stand in them, and the
 /// audience of the page's workspace.
 ///
@@ -28,7 +30,7 @@ public:
     const PageRow& row() const { return mRow; }
 
     /// The bar on top of the page, and the menu at its foot. Each once, of a height that is a share of the window's.
-    void setHead(QWidget* head);
+    void setHead(FieldHead* head);
     void setMenu(QWidget* menu);
     /// Puts a field into a pane, below what stands there.
     void addField(Pane pane, QWidget* field);
@@ -48,7 +50,7 @@ private:
     QList<WorkspaceObserver*> mObservers;
     QList<QSplitter*> mSplitters;
     std::array<QFrame*, PaneCount> mPanes{};
-    QWidget* mHead = nullptr;
+    FieldHead* mHead = nullptr;
     QWidget* mMenu = nullptr;
 };
 

@@ -7,9 +7,10 @@
 #include "console/RecoveryPage.h"
 #include "console/StatusLine.h"
 #include "console/ducking/R47_PrivateWidget1.h"
+#include "console/head/FieldHeadS1M1.h"
+#include "console/head/FieldHeadS1M2.h"
 #include "console/pages/Pages.h"
 #include "device/USBAudioAPI.h"
-#include "workspace/WorkspaceChoice.h"
 #include "workspace/WorkspaceSubject.h"
 
 #include <QAction>
@@ -94,11 +95,28 @@ void MainWindow_R47::buildPages()
     };
     for (const auto& [page, build] : {Builder{PageMble, buildMobilePage}, Builder{PageLive, buildLivePage},
                                       Builder{PageTyro, buildEasyPage}, Builder{PageProf, buildProPage}}) {
+        if (mPages[page]->row().fixedWorkspace) {
+            addHead<FieldHeadS1M2>(page);
+        } else {
+            mWorkspaceBars[page] = addHead<FieldHeadS1M1>(page);
+            connect(mWorkspaceBars[page], &FieldHeadS1M1::workspaceOpened, mStatus, &StatusLine::setWorkspace);
+        }
         PageKit kit(*mPages[page], mDevice, mRouter, mLinks);
         build(kit);
     }
     linkDucking();
     linkSwitches();
+}
+
+template<class Head> Head* MainWindow_R47::addHead(PageId page)
+{
+    auto* head = new Head(u"FieldHead"_s);
+    head->setFont(GlobalFont::instance().font());
+    AppSettingsSubject::instance().addObserver(head);
+    connect(head, &Head::attributeChanged, &mDevice, &DeviceR47::in_fieldHead_attributeChanged, Qt::UniqueConnection);
+    mPages[page]->setHead(head);
+    mHeads.push_back(head);
+    return head;
 }
 
 void MainWindow_R47::linkDucking()
@@ -263,8 +281,9 @@ void MainWindow_R47::openWorkspace(const PageRow& row)
     WorkspaceSubject& subject = WorkspaceSubject::instance();
     subject.addObservers(currentPage()->observers());
     subject.setWorkspaceInfo(u"R47"_s, QString::fromLatin1(row.folder), QString::fromLatin1(row.prefix));
-    if (row.fixedWorkspace == nullptr) {
-        mStatus->setWorkspace(openRememberedWorkspace(subject, workspaceMode()));
+    if (FieldHeadS1M1* bar = mWorkspaceBars[row.id]) {
+        bar->setWorkspaces(subject.workspaceNames(), QSettings().value(subject.rememberKey()).toString());
+        mStatus->setWorkspace(bar->workspace());
         return;
     }
     const QString name = QString::fromLatin1(row.fixedWorkspace);
@@ -321,14 +340,32 @@ void MainWindow_R47::modifyLanguage(const QString& language)
     mStatus->setLanguage(language);
 }
 
-void MainWindow_R47::in_USBAudio_attributeChanged(QString attribute, QString value)
+void MainWindow_R47::in_USBAudio_attributeChanged(QString attribute, QString)
 {
     if (attribute == u"SampleRate"_s) {
-        mStatus->setSampleRate(value.toInt());
-        mStatus->setBufferSize(USBAudioAPI::instance().getBufferSizeOfActiveDevice());
+        showStreams(true);
     } else if (attribute == u"BufferSize"_s) {
-        mStatus->setBufferSize(value.toInt());
+        showStreams(false);
     }
+}
+
+/// The bars of all pages, shown or not, so that a page switch has nothing to ask. Which buffers there are depends on the rate.
+void MainWindow_R47::showStreams(bool rates)
+{
+    USBAudioAPI& driver = USBAudioAPI::instance();
+    const auto tell = [this](void (FieldHead::*set)(const QList<int>&, int), const QList<int>& supported, int current) {
+        for (FieldHead* head : mHeads) {
+            (head->*set)(supported, current);
+        }
+    };
+    if (rates) {
+        const int rate = driver.getSampleRateOfActiveDevice();
+        tell(&FieldHead::setSampleRates, driver.getSampleRateOfActiveDeviceSupported(), rate);
+        mStatus->setSampleRate(rate);
+    }
+    const int size = driver.getBufferSizeOfActiveDevice();
+    tell(&FieldHead::setBufferSizes, driver.getBufferSizeOfActiveDeviceSupported(), size);
+    mStatus->setBufferSize(size);
 }
 
 void MainWindow_R47::in_mDevice_newFrameReceived(DeviceType1::FrameInfo frame)
@@ -348,6 +385,10 @@ void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
     const int code = frame.code & 0xFFFF;
     if (code == 0x1101 && frame.value >= 0) {
         finishAuth(frame.value);
+    } else if (code == 0x1118 || code == 0x1119) {
+        for (FieldHead* head : mHeads) {
+            code == 0x1118 ? head->setBattery(frame.value) : head->setCharging(frame.value != 0);
+        }
     } else if (code == 0x1201) {
         mStatus->setFirmware(firmwareVersionText(frame.value));
     } else if (code >= 0x1202 && code <= 0x1206) {

@@ -11,12 +11,14 @@
 #include <QTimer>
 #include <vector>
 
+class FieldHeadS1M1;
 class R47_PrivateWidget1;
 class RecoveryPage;
 
 namespace quillon
 {
 class ConsolePage;
+class FieldHead;
 class StatusLine;
 } // namespace quillon
 
@@ -52,6 +54,8 @@ protected:
 
 private:
     void buildPages();
+    template<class Head> Head* addHead(quillon::PageId page);
+    void showStreams(bool rates);
     void connectLinks();
     void linkSwitches();
     void linkDucking();
@@ -71,8 +75,10 @@ private:
     RecoveryPage* mRecovery;
     R47_PrivateWidget1* mDucking;
     quillon::StatusLine* mStatus;
-    std::vector<quillon::ConsolePage*> mPages; // by page id, null for the two pages without a workspace
-    QTimer mSizeTimer;                         // writes sizes when a drag has come to rest: each write waits for the disk
+    std::array<FieldHeadS1M1*, quillon::PageCount> mWorkspaceBars{}; // by page id, null where there is no choice of workspaces
+    std::vector<quillon::FieldHead*> mHeads;                         // the bars of all pages
+    std::vector<quillon::ConsolePage*> mPages;                       // by page id, null for the two pages without a workspace
+    QTimer mSizeTimer; // writes sizes when a drag has come to rest: each write waits for the disk
     bool mSplitterMoved = false;
     int mPageID = quillon::PageLive;
     bool mSized = false; // a size step has run

@@ -14,8 +14,8 @@ constexpr PanelButton kScenes[]{command("Chat", "聊天"), command("Vocal", "唱
 constexpr PanelButton kPresets[]{command("Load preset1", "调用配置1"), command("Load preset2", "调用配置2"),
                                  command("Save preset1", "保存配置1"), command("Save preset2", "保存配置2")};
 constexpr MenuGroup kGroups[]{
-    {{"Scene", "场景"}, {"Scene", PlateStyle::Shaded, false, 160, 20, 2, kScenes}},
-    {{"User presets", "用户配置"}, {"Presets", PlateStyle::Shaded, false, 400, 20, 4, kPresets}},
+    {{"Scene", "场景"}, {"Scene", PlateStyle::Shaded, false, 110, 16, 2, kScenes}},
+    {{"User presets", "用户配置"}, {"Presets", PlateStyle::Shaded, false, 220, 16, 4, kPresets}},
 };
 
 } // namespace
