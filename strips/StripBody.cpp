@@ -75,6 +75,7 @@ void StripBody::onAppSettingsChanged(const QString& attribute, const QString& va
         return;
     }
     mLanguage = value;
+    mHead.setChinese(isChinese());
     for (const auto& apply : mLanguages) {
         apply(value);
     }
@@ -83,7 +84,7 @@ void StripBody::onAppSettingsChanged(const QString& attribute, const QString& va
 
 void StripBody::rename()
 {
-    const QString name = mHead.name();
+    const QString name = mHead.shownName();
     const QString naming = name + u'\n' + mLanguage;
     if (naming == mNaming) {
         return; // a dozen widgets would tell assistive technology of no change, a third of the time of a load

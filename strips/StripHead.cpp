@@ -64,7 +64,10 @@ void StripHead::setChannelName(const QString& name)
 
 void StripHead::showName(const QString& name)
 {
-    const QString text = name.isEmpty() ? mChannelName : name.left(kMaximumName);
+    QString text = name.isEmpty() ? mChannelName : name.left(kMaximumName);
+    if (mChinese && text == mChannelName && !mChineseName.isEmpty()) {
+        text = mChineseName;
+    }
     if (text == mShownName && text == mLineEdit->text()) {
         return; // most loads bring the name that is there; setting it would lay the text out anew
     }
@@ -75,7 +78,20 @@ void StripHead::showName(const QString& name)
 
 QString StripHead::name() const
 {
+    const QString text = mLineEdit->text();
+    return text == mChineseName && mChinese ? mChannelName : text;
+}
+
+QString StripHead::shownName() const
+{
     return mLineEdit->text();
+}
+
+void StripHead::setChinese(bool chinese)
+{
+    const QString kept = name();
+    mChinese = chinese;
+    showName(kept);
 }
 
 void StripHead::setNameEditable(bool editable)

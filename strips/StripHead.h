@@ -30,9 +30,14 @@ public:
     /// The name of the channel: what an emptied field falls back to.
     void setChannelName(const QString& name);
     const QString& channelName() const { return mChannelName; }
+    /// How the channel is called in Chinese, while the user has given it no name.
+    void setChineseName(const QString& name) { mChineseName = name; }
+    void setChinese(bool chinese);
     /// Shows a name, shortened until it fits. An empty one shows the channel's.
     void showName(const QString& name);
+    /// The name to keep, and what stands in the field for it.
     QString name() const;
+    QString shownName() const;
     void setNameEditable(bool editable);
     /// Where the name stands on a strip that lies; without this it takes a row at the top.
     void setNamePlace(const Place& place) { mNamePlace = place; }
@@ -73,10 +78,12 @@ private:
     QTimer mTimer;
     std::optional<Place> mNamePlace;
     QString mChannelName;
+    QString mChineseName;
     QString mShownName;
     QFont mFont;
     int mRadius = -1;
     int mRowRadius = -1;
+    bool mChinese = false;
     bool mCloseArmed = false;
     bool mFinishing = false;
 };

@@ -20,6 +20,12 @@ public:
         self().mBody.setChannelName(name);
         return self();
     }
+    /// What the channel is called in Chinese until the user names it.
+    Self& setChineseName(const QString& name)
+    {
+        self().mBody.head().setChineseName(name);
+        return self();
+    }
     Self& setFont(const QFont& font)
     {
         self().mBody.setFont(font);

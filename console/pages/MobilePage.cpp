@@ -23,6 +23,7 @@ constexpr float kSilenceDb = -90;
 struct Row {
     const char* object;
     const char* channelName;
+    const char* chineseName; // null for one that is the same
     OriginBase* (*make)(const QString& objectName);
     const GainScale& scale;
     float gainDefaultDb;
@@ -43,18 +44,18 @@ OriginBase* makeOutput(const QString& objectName)
 }
 
 constexpr Row kInputs[]{
-    {"Input_IN1", "IN1", make<OriginS1M10>, scaleMicrophone, 26, nullptr},
-    {"Input_IN2", "IN2", make<OriginS1M11>, scaleMicrophone, 26, nullptr},
-    {"Input_AUX", "AUX", make<OriginS1M12>, scaleAux, 0, nullptr},
-    {"Input_BT", "BT", make<OriginS1M12>, scaleLine, -6, nullptr},
-    {"Input_OTGIN", "OTG IN", make<OriginS1M12>, scaleLine, 0, nullptr},
-    {"Input_PB12", "Playback 1/2", make<OriginS1M12>, scalePlayback, 0, u"Playback 1/2"},
+    {"Input_IN1", "IN1", "输入1", make<OriginS1M10>, scaleMicrophone, 26, nullptr},
+    {"Input_IN2", "IN2", "输入2", make<OriginS1M11>, scaleMicrophone, 26, nullptr},
+    {"Input_AUX", "AUX", nullptr, make<OriginS1M12>, scaleAux, 0, nullptr},
+    {"Input_BT", "BT", nullptr, make<OriginS1M12>, scaleLine, -6, nullptr},
+    {"Input_OTGIN", "OTG IN", nullptr, make<OriginS1M12>, scaleLine, 0, nullptr},
+    {"Input_PB12", "Playback 1/2", nullptr, make<OriginS1M12>, scalePlayback, 0, u"Playback 1/2"},
 };
 
 constexpr Row kOutputs[]{
-    {"Output_HP", "HP OUT", makeOutput, scaleAux, -38, nullptr},
-    {"Output_OTGOUT", "OTG OUT", makeOutput, scaleLine, 0, nullptr},
-    {"Output_LB12", "Recording", makeOutput, scaleRecord, 0, u"Playback 3/4"},
+    {"Output_HP", "HP OUT", nullptr, makeOutput, scaleAux, -38, nullptr},
+    {"Output_OTGOUT", "OTG OUT", nullptr, makeOutput, scaleLine, 0, nullptr},
+    {"Output_LB12", "Recording", "录音", makeOutput, scaleRecord, 0, u"Playback 3/4"},
 };
 
 QList<PlainStrip*> addStrips(PageKit& kit, std::span<const Row> rows, PageKit::DeviceSlot slot)
@@ -62,7 +63,10 @@ QList<PlainStrip*> addStrips(PageKit& kit, std::span<const Row> rows, PageKit::D
     QList<PlainStrip*> strips;
     for (const Row& row : rows) {
         OriginBase* strip = kit.add(row.make(QString::fromLatin1(row.object)), {slot});
-        strip->setChannelName(QString::fromLatin1(row.channelName)).setSaveEvents(false).setNameEditable(true);
+        strip->setChannelName(QString::fromLatin1(row.channelName))
+            .setChineseName(QString::fromUtf8(row.chineseName))
+            .setSaveEvents(false)
+            .setNameEditable(true);
         strip->setGainRange(row.scale).setGainDefault(row.gainDefaultDb).setUnmuteOnGain(true);
         if (row.levelObject) {
             kit.report(row.levelObject, u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
