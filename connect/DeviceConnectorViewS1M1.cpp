@@ -20,6 +20,8 @@ using namespace quillon;
 namespace
 {
 
+constexpr int kUpdatePage = 6;
+constexpr int kProgressPage = 8;
 constexpr int kSmallerBy = 4;   // points that details and check boxes stay below the rest
 constexpr int kLeastPoints = 4; // what the font helpers give at least
 // A smaller line stops here: below it, the strokes of a Chinese glyph run together.
@@ -92,6 +94,15 @@ bool fits(const QWidget* widget, const QFont& font)
     return needed <= button->width() && metrics.height() <= button->height();
 }
 
+/// A page takes the size that it is given, so nobody needs to measure the texts of thirteen pages for the start.
+class Page : public QWidget
+{
+public:
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override { return {30, 20}; }
+    bool hasHeightForWidth() const override { return false; }
+};
+
 QString versionText(const QString& version)
 {
     return version.section(u'.', -1) == u"0"_s ? version : version + u" Beta"_s;
@@ -100,7 +111,8 @@ QString versionText(const QString& version)
 } // namespace
 
 DeviceConnectorViewS1M1::DeviceConnectorViewS1M1(QWidget* parent)
-    : DeviceConnectorViewBase(parent), mStack(new QStackedWidget(this)), mFont(GlobalFont::instance().font())
+    : DeviceConnectorViewBase(parent), mStack(new QStackedWidget(this)), mFont(GlobalFont::instance().font()),
+      mLanguage(u"English"_s)
 {
     setMinimumSize(30, 20);
     mStack->setObjectName(u"stackedWidget"_s);
@@ -108,16 +120,19 @@ DeviceConnectorViewS1M1::DeviceConnectorViewS1M1(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(mStack);
     for (int page = 0; page < ConnectPageCount; ++page) {
-        buildPage(page);
+        mStack->addWidget(new Page);
     }
     resize(300, 200);
     fit();
-    setLanguage(u"English"_s);
 }
 
+/// A page is built when it is first needed: a start shows one of thirteen.
 void DeviceConnectorViewS1M1::buildPage(int number)
 {
-    auto* page = new QWidget;
+    QWidget* page = mStack->widget(number);
+    if (page->layout() != nullptr) {
+        return;
+    }
     // Before there are children: each would measure its text in the system's font first, which is a long search for that font.
     page->setFont(mFont);
     page->setObjectName(connectPageName(number));
@@ -153,11 +168,11 @@ void DeviceConnectorViewS1M1::buildPage(int number)
             grid->addWidget(widget, line, 1, 1, kColumns - 2, check ? Qt::AlignCenter : Qt::Alignment());
         }
         mItems.push_back({&row, widget});
+        setText(mItems.back(), (mLanguage == u"Chinese"_s ? row.chinese : row.english).toString());
     }
     // Two spacers centre what there is, each with half of what is left.
     grid->setRowStretch(0, left);
     grid->setRowStretch(line + 1, left);
-    mStack->addWidget(page);
 }
 
 QWidget* DeviceConnectorViewS1M1::buildWidget(const ConnectRow& row, QWidget* page)
@@ -233,6 +248,7 @@ void DeviceConnectorViewS1M1::setLanguage(QString language)
 
 void DeviceConnectorViewS1M1::setVersions(QString current, QString available)
 {
+    buildPage(kUpdatePage);
     const bool chinese = mLanguage == u"Chinese"_s;
     setText("Page6Label1"_L1, (chinese ? u"最新版本 : V"_s : u"Available version : V"_s) + versionText(available));
     setText("Page6Label2"_L1, (chinese ? u"当前版本 : V"_s : u"Current version : V"_s) + versionText(current));
@@ -240,17 +256,20 @@ void DeviceConnectorViewS1M1::setVersions(QString current, QString available)
 
 void DeviceConnectorViewS1M1::setProgressText(QString text)
 {
+    buildPage(kProgressPage);
     setText("Page8Label1"_L1, text);
     mProgress->setAccessibleName(text);
 }
 
 void DeviceConnectorViewS1M1::setProgressValue(int value)
 {
+    buildPage(kProgressPage);
     mProgress->setValue(qBound(mProgress->minimum(), value, mProgress->maximum()));
 }
 
 void DeviceConnectorViewS1M1::setProgressMessage(QString text)
 {
+    buildPage(kProgressPage);
     setText("Page8Label2"_L1, text);
 }
 
@@ -307,6 +326,7 @@ void DeviceConnectorViewS1M1::fitPage(int number)
     if (mFitted.test(static_cast<std::size_t>(number))) {
         return;
     }
+    buildPage(number);
     mFitted.set(static_cast<std::size_t>(number));
     // A page that is not on top yet is laid out only when it is shown; its texts need their rectangles now.
     QWidget* page = mStack->widget(number);

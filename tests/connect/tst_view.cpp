@@ -121,7 +121,9 @@ void tst_view::checkBoxesReportInvertedAndApart()
 {
     Shown shown;
     QSignalSpy spy(shown.view, &DeviceConnectorViewBase::attributeChanged);
-    for (const QString& page : {u"Page6"_s, u"Page7"_s, u"Page9"_s}) {
+    for (const int number : {6, 7, 9}) {
+        shown.view->setPage(number);
+        const QString page = u"Page%1"_s.arg(number);
         auto* box = shown.view->findChild<QCheckBox*>(page + u"CheckBox"_s);
         QVERIFY2(!box->isChecked(), "one box moved another");
         box->click();
