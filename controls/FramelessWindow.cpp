@@ -83,8 +83,8 @@ void FramelessWindow::buildTitleBar()
     mTitleBar->installEventFilter(this);
     mTitleLabel = new QLabel(mTitleBar);
     mTitleLabel->setAlignment(Qt::AlignCenter);
-    mButtonMin = quillon::newTitleButton(mTitleBar, u":/Icon/min.svg"_s);
-    mButtonClose = quillon::newTitleButton(mTitleBar, u":/Icon/close.svg"_s);
+    mButtonMin = new quillon::TitleButton(quillon::TitleButton::Sign::Minimize, mTitleBar);
+    mButtonClose = new quillon::TitleButton(quillon::TitleButton::Sign::Close, mTitleBar);
     mButtonMin->hide();
     connect(mButtonMin, &QPushButton::clicked, this, &FramelessWindow::in_mButtonMin_clicked);
     connect(mButtonClose, &QPushButton::clicked, this, &FramelessWindow::in_mButtonClose_clicked);
