@@ -2,15 +2,14 @@
 
 #include "app/GlobalFont.h"
 #include "console/head/HeadQuestion.h"
+#include "console/head/NameList.h"
 #include "controls/MessageBoxWidget.h"
 #include "workspace/WorkspaceChoice.h"
 #include "workspace/WorkspaceFile.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPainter>
-#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 #include <array>
@@ -21,76 +20,20 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-struct Command {
-    const char16_t* english;
-    const char16_t* chinese;
-};
-// Below the names and a line; blanks at the end keep them apart from any name.
-constexpr std::array<Command, 3> kCommands{{{u"Restore Default      ", u"恢复默认      "},
-                                            {u"New Workspace      ", u"新建工作区      "},
-                                            {u"Save Workspace as...      ", u"另存为工作区      "}}};
-enum CommandRow { RestoreDefault = 1, NewWorkspace = 2, SaveAs = 3 }; // counted from the line
-
 constexpr int kNamePoints = 9;
 constexpr int kNameWidth = 127;     // pixels at that size
 constexpr int kLongestTyped = 1024; // characters that are measured at all
 constexpr int kVisibleRows = 16;
 constexpr double kLetterHeight = 0.78; // of a line of text in the box
-constexpr double kRowHeight = 1.75;    // of a line of text
-
-// Beside that of the core, once.
-constexpr const char* kSheet = "QToolTip { background: rgb(48, 48, 48); color: white; border: 1px solid rgb(84, 84, 84); }"
-                               "QScrollBar:vertical { background: rgb(22, 22, 22); width: 10px; margin: 0px; }"
-                               "QScrollBar::handle:vertical { background: rgb(84, 84, 84); border-radius: 3px;"
-                               " margin: 2px; min-height: 24px; }"
-                               "QScrollBar::add-line, QScrollBar::sub-line { height: 0px; }";
 
 QString quoted(const QString& name)
 {
     return u"\" %1 \""_s.arg(name);
 }
 
-/// The ground of all rows, the line, and the texts of the commands; names draw themselves.
-class RowDelegate final : public QStyledItemDelegate
+quillon::NameList* installList(QComboBox* box)
 {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const int line = QFontMetrics(option.font).height();
-        return {1, int(line * (isLine(index) ? 0.6 : kRowHeight))};
-    }
-    void updateEditorGeometry(QWidget* row, const QStyleOptionViewItem& option, const QModelIndex&) const override
-    {
-        row->setGeometry(option.rect);
-    }
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        if (isLine(index)) {
-            painter->fillRect(QRect(option.rect.left(), option.rect.center().y(), option.rect.width(), 1), QColor(84, 84, 84));
-            return;
-        }
-        const bool lit = option.state & QStyle::State_Selected;
-        painter->fillRect(option.rect, lit ? QColor(60, 60, 60) : QColor(22, 22, 22));
-        if (index.row() < linePosition(index)) {
-            return;
-        }
-        painter->setFont(option.font);
-        painter->setPen(lit ? quillon::FocusMark::color() : QColor(172, 172, 172));
-        const int left = ComboBoxS1M1_ItemS1M1::textLeft(option.rect.height());
-        painter->drawText(option.rect.adjusted(left, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, index.data().toString().trimmed());
-    }
-
-private:
-    static int linePosition(const QModelIndex& index) { return index.model()->rowCount() - int(kCommands.size()) - 1; }
-    static bool isLine(const QModelIndex& index) { return index.row() == linePosition(index); }
-};
-
-QListWidget* installList(QComboBox* box)
-{
-    auto* list = new QListWidget(box);
-    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    auto* list = new quillon::NameList(box);
     box->setModel(list->model());
     box->setView(list);
     return list;
@@ -103,12 +46,10 @@ ComboBoxS1M1::ComboBoxS1M1(QWidget* parent)
       mLanguage(u"English"_s)
 {
     setObjectName(u"Workspace"_s);
-    setItemDelegate(new RowDelegate(this));
-    setStyleSheet(styleSheet() + QString::fromLatin1(kSheet));
-    mList->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded); // the box had not been told yet that it opens a list
+    setItemDelegate(quillon::newNameDelegate(this));
+    setStyleSheet(styleSheet() + quillon::nameListSheet()); // once
     setMaxVisibleItems(kVisibleRows);
-    mList->installEventFilter(this);
-    connect(mList, &QListWidget::currentRowChanged, this, &ComboBoxS1M1::light);
+    connect(mList, &quillon::NameList::deleteRequested, this, &ComboBoxS1M1::askDelete);
     connect(this, &QComboBox::activated, this, &ComboBoxS1M1::choose);
     // After the core, which fits its letters to the longest item: here that is a command, and a long name is cut short anyway.
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
@@ -128,39 +69,9 @@ void ComboBoxS1M1::fitLetters()
     }
 }
 
-int ComboBoxS1M1::nameCount() const
-{
-    return std::max(0, count() - int(kCommands.size()) - 1);
-}
-
 QStringList ComboBoxS1M1::names() const
 {
-    QStringList names;
-    for (int i = 0; i < nameCount(); ++i) {
-        names += itemText(i);
-    }
-    return names;
-}
-
-int ComboBoxS1M1::rowOf(const QString& name) const
-{
-    return int(names().indexOf(name));
-}
-
-ComboBoxS1M1_ItemS1M1* ComboBoxS1M1::rowWidget(int row) const
-{
-    return static_cast<ComboBoxS1M1_ItemS1M1*>(mList->itemWidget(mList->item(row)));
-}
-
-void ComboBoxS1M1::light(int row)
-{
-    if (mLit) {
-        mLit->setLit(false);
-    }
-    mLit = row >= 0 && row < nameCount() ? rowWidget(row) : nullptr;
-    if (mLit) {
-        mLit->setLit(true);
-    }
+    return mList->names();
 }
 
 void ComboBoxS1M1::tell(const QString& attribute, const QString& name)
@@ -172,32 +83,18 @@ void ComboBoxS1M1::setItems(const QStringList& names, const QString& current)
 {
     closeEdit();
     mCurrent.clear();
-    mList->clear();
-    QStringList rows = names;
-    rows += QString();
-    for (const Command& command : kCommands) {
-        rows += QString::fromUtf16(mLanguage == "Chinese"_L1 ? command.chinese : command.english);
-    }
-    mList->addItems(rows); // at once: each insertion fits the texts anew
-    mList->item(nameCount())->setFlags(Qt::NoItemFlags);
-    mRowsStale = true;
+    mList->setNames(names);
     if (names.isEmpty()) {
         const QString name = quillon::uniqueName(QString(), {});
         tell(u"NewItem"_s, name);
-        addName(name);
+        mList->addName(name);
     }
     pick(names.contains(current) ? current : itemText(0));
 }
 
-void ComboBoxS1M1::addName(const QString& name)
-{
-    mList->insertItem(nameCount(), name);
-    mRowsStale = true;
-}
-
 void ComboBoxS1M1::showName(const QString& name)
 {
-    if (const int row = rowOf(name); row >= 0) {
+    if (const int row = mList->rowOf(name); row >= 0) {
         mCurrent = name;
         setCurrentIndex(row);
     }
@@ -217,32 +114,25 @@ void ComboBoxS1M1::choose(int index)
     if (mEditOpen) {
         return; // the box has found what is being typed among its items
     }
-    const int command = index - nameCount();
+    const int command = index - mList->nameCount();
     if (command < 0) {
         pick(itemText(index));
         return;
     }
     showName(mCurrent);
     switch (command) {
-    case RestoreDefault:
+    case quillon::NameList::RestoreDefault:
         tell(u"RestoreDefault"_s, mCurrent);
         break;
-    case NewWorkspace:
+    case quillon::NameList::NewWorkspace:
         openEdit(New);
         break;
-    case SaveAs:
+    case quillon::NameList::SaveAs:
         openEdit(Copy);
         break;
     default:
         break;
     }
-}
-
-// --- the edit
-
-void ComboBoxS1M1::startSaveAs()
-{
-    openEdit(Copy);
 }
 
 void ComboBoxS1M1::openEdit(EditKind kind)
@@ -322,7 +212,7 @@ void ComboBoxS1M1::finishEdit()
     } else {
         closeEdit();
         tell(mEditKind == New ? u"NewItem"_s : u"ItemSaveAs"_s, name);
-        addName(name);
+        mList->addName(name);
         pick(name);
     }
 }
@@ -375,8 +265,6 @@ void ComboBoxS1M1::overrideName(const QString& name)
     }
 }
 
-// --- deleting
-
 void ComboBoxS1M1::askDelete(const QString& name)
 {
     hidePopup();
@@ -397,15 +285,15 @@ void ComboBoxS1M1::askDelete(const QString& name)
 /// What is open is never what is deleted: another one is loaded before, and when that fails nothing goes.
 void ComboBoxS1M1::remove(const QString& name)
 {
-    const int row = rowOf(name);
-    const int last = nameCount() - 1;
+    const int row = mList->rowOf(name);
+    const int last = mList->nameCount() - 1;
     if (row < 0) {
         return;
     }
     if (last == 0) {
         const QString fresh = quillon::uniqueName(QString(), names());
         tell(u"NewItem"_s, fresh);
-        addName(fresh);
+        mList->addName(fresh);
         pick(fresh);
     } else if (name == mCurrent) {
         pick(itemText(row == last ? 0 : row + 1));
@@ -414,23 +302,7 @@ void ComboBoxS1M1::remove(const QString& name)
         return;
     }
     tell(u"RemoveItem"_s, name);
-    delete mList->takeItem(rowOf(name));
-}
-
-// --- the list
-
-void ComboBoxS1M1::buildRows()
-{
-    for (int i = 0; i < nameCount(); ++i) {
-        ComboBoxS1M1_ItemS1M1* row = rowWidget(i);
-        if (row == nullptr) {
-            row = new ComboBoxS1M1_ItemS1M1(itemText(i), mList->viewport());
-            connect(row, &ComboBoxS1M1_ItemS1M1::deleteClicked, this, &ComboBoxS1M1::askDelete);
-            mList->setItemWidget(mList->item(i), row);
-        }
-        row->setLanguage(mLanguage);
-    }
-    mRowsStale = false;
+    mList->removeName(name);
 }
 
 void ComboBoxS1M1::showPopup()
@@ -438,53 +310,16 @@ void ComboBoxS1M1::showPopup()
     if (mEditOpen || mAsking) {
         return;
     }
-    const QFont letters = QComboBox::font();
-    if (mRowsStale) {
-        buildRows();
-    }
-    int widest = 0;
-    for (int i = 0; i < count(); ++i) {
-        widest = std::max(widest, QFontMetrics(letters).horizontalAdvance(itemText(i)));
-    }
-    for (int i = 0; i < nameCount(); ++i) {
-        rowWidget(i)->setFont(letters);
-        rowWidget(i)->setCurrent(itemText(i) == mCurrent);
-    }
-    const int extras = int(QFontMetrics(letters).height() * kRowHeight * 2.2); // lamp, delete button, scroll bar
-    mList->setMinimumWidth(std::max(width(), widest + extras));
+    mList->prepare(mCurrent, width());
     QComboBox::showPopup();
-    light(mList->currentRow());
+    mList->light();
 }
-
-bool ComboBoxS1M1::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == mList && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        const int row = mList->currentRow();
-        if ((key == Qt::Key_Delete || key == Qt::Key_Right) && row >= 0 && row < nameCount()) {
-            if (key == Qt::Key_Right) {
-                rowWidget(row)->focusDelete();
-            } else {
-                askDelete(itemText(row));
-            }
-            return true;
-        }
-    }
-    return QComboBox::eventFilter(watched, event);
-}
-
-// --- looks and input
 
 void ComboBoxS1M1::setLanguage(const QString& language)
 {
     mLanguage = language;
-    mRowsStale = true;
-    const bool chinese = language == "Chinese"_L1;
-    setAccessibleName(chinese ? u"工作区"_s : u"Workspace"_s);
-    for (int i = 0; i < int(kCommands.size()) && count() > 0; ++i) {
-        const Command& command = kCommands[std::size_t(i)];
-        setItemText(nameCount() + 1 + i, QString::fromUtf16(chinese ? command.chinese : command.english));
-    }
+    setAccessibleName(language == "Chinese"_L1 ? u"工作区"_s : u"Workspace"_s);
+    mList->setLanguage(language);
 }
 
 void ComboBoxS1M1::setFont(const QFont& font)

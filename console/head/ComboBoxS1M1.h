@@ -1,11 +1,11 @@
 #pragma once
 
-#include "console/head/ComboBoxS1M1_ItemS1M1.h"
 #include "controls/picker/ComboCore.h"
 
-#include <QPointer>
-
-class QListWidget;
+namespace quillon
+{
+class NameList;
+} // namespace quillon
 
 /// The selector of workspaces: their names, and below them the commands that restore, make and copy one. It is never without a
 /// name. It reports what the user does and touches no file. GUI thread.
@@ -26,7 +26,7 @@ public:
     const QString& currentName() const { return mCurrent; }
     QStringList names() const;
     /// Opens the field for the name of a copy, as the command in the list does.
-    void startSaveAs();
+    void startSaveAs() { openEdit(Copy); }
     bool isEditOpen() const { return mEditOpen; }
 
     /// "English" or "Chinese".
@@ -45,7 +45,6 @@ signals:
 
 protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -56,15 +55,9 @@ protected:
 private:
     enum EditKind { New = 0, Copy = 1 };
 
-    int nameCount() const;
-    int rowOf(const QString& name) const;
-    ComboBoxS1M1_ItemS1M1* rowWidget(int row) const;
     void tell(const QString& attribute, const QString& name);
     void choose(int index);
     void pick(const QString& name);
-    void addName(const QString& name);
-    void buildRows();
-    void light(int row);
     void fitLetters();
 
     void openEdit(EditKind kind);
@@ -78,15 +71,13 @@ private:
     void askDelete(const QString& name);
     void remove(const QString& name);
 
-    QListWidget* mList;
+    quillon::NameList* mList;
     quillon::ComboCore mCore;
     QFont mFont;
     QString mLanguage;
     QString mCurrent;
     EditKind mEditKind = New;
-    QPointer<ComboBoxS1M1_ItemS1M1> mLit;
     bool mEditOpen = false;
     bool mAsking = false;
     bool mRefused = false;
-    bool mRowsStale = true; // the widgets of the rows are made when the list opens
 };

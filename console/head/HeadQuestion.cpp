@@ -26,7 +26,7 @@ void askOverConsole(QWidget* asker, MessageBoxWidget* body, const QString& langu
     body->setFont(GlobalFont::instance().font());
     body->setLanguage(language);
     auto* box = new MessageBoxS3M1(body, console);
-    QObject::connect(box, &QDialog::finished, asker, answered);
+    QObject::connect(box, &QDialog::finished, asker, [asker, answered](int result) { answered(asker->isVisible() ? result : 0); });
     QObject::connect(box, &QDialog::finished, box, &QObject::deleteLater);
     QObject::connect(asker, &QObject::destroyed, box, &QObject::deleteLater);
     box->placeOver(console, kBoxWidth, kBoxHeight);

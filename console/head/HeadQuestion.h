@@ -10,8 +10,9 @@ class QWidget;
 namespace quillon
 {
 
-/// Puts a question over the middle of the console and returns at once. answered gets its result, 0 when it was closed, unless the
-/// asker has gone: the question goes with it. Takes body over. GUI thread.
+/// Puts a question over the middle of the console and returns at once. answered gets its result; 0 when it was closed, or
+/// when the asker's page is no longer shown, since the answer would meet the workspaces of another one. The question goes with the
+/// asker. Takes body over. GUI thread.
 void askOverConsole(QWidget* asker, MessageBoxWidget* body, const QString& language, const std::function<void(int)>& answered);
 
 } // namespace quillon
