@@ -7,12 +7,15 @@
 #include "connect/DeviceConnector.h"
 #include "connect/DeviceConnectorViewBase.h"
 #include "console/MainWindow_R47.h"
+#include "console/ducking/R47_PrivateWidget1.h"
 #include "device/USBAudioAPI.h"
 #include "gallery/GalleryWindow.h"
 #include "resources/Resources.h"
+#include "strips/input/InputBase.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -68,25 +71,65 @@ void report(MainWindow_R47& window, std::int32_t code, std::int32_t value)
     window.in_mDevice_newFrameReceived({.code = code, .value = value});
 }
 
-void shootConsole(Shooter& shooter)
+void play(MainWindow_R47& window)
 {
-    MainWindow_R47 window;
-    window.finishAuth(2);
-    shooter.take(window, u"live-fresh"_s);
-
     constexpr std::pair<std::int32_t, std::int32_t> kPerformance[]{
-        {0x1201, 203}, {0x2101, 1},   {0x2101, -84},  {0x2201, -312}, {0x2301, -61}, {0x2401, -143},
-        {0x2501, 0},   {0x2601, -25}, {0x2701, -404}, {0x2801, -377}, {0x2102, 2},   {0x2103, 1},
-        {0x2104, 42},  {0x2205, 1},   {0x2304, 85},   {0x2504, 80},   {0x2704, 0},   {0x2706, 0},
+        {0x1118, 64},   {0x1201, 203},  {0x2101, 1},    {0x2101, -84},  {0x2201, -312}, {0x2301, -61},  {0x2401, -143},
+        {0x2501, 0},    {0x2601, -25},  {0x2701, -404}, {0x2801, -377}, {0x2102, 2},    {0x2103, 1},    {0x2104, 42},
+        {0x2205, 1},    {0x2304, 85},   {0x2504, 80},   {0x2704, 0},    {0x2706, 0},    {0x3115, -93},  {0x3215, -121},
+        {0x3315, -180}, {0x3415, -172}, {0x3515, -245}, {0x3615, -230}, {0x3901, -96},  {0x3902, -104}, {0x3903, -150},
+        {0x3904, -161}, {0x3905, -333}, {0x3906, -310}, {0x3911, -700}, {0x3912, -690}, {0x4407, 30},   {0x4408, 55},
+        {0x440B, 3},    {0x440D, -142}, {0x440E, -205}, {0x6101, -190}, {0x6201, -201}, {0x6301, -111}, {0x6401, -133},
+        {0x6403, 70},   {0x6204, 1},    {0x9B0B, -84},  {0x9B0C, -312},
     };
     for (const auto& [code, value] : kPerformance) {
         report(window, code, value);
     }
     window.in_USBAudio_attributeChanged(u"SampleRate"_s, u"48000"_s);
-    window.in_USBAudio_attributeChanged(u"BufferSize"_s, u"256"_s);
-    shooter.take(window, u"live-playing"_s);
-    window.resize(static_cast<int>(1500 * shooter.scale), window.height());
-    shooter.take(window, u"live-wide"_s);
+}
+
+/// Strips that are hidden, soloed and in the form with two sides, as a user leaves them.
+void rearrange(const QWidget& page)
+{
+    for (const char* strip : {"Mixer_BT", "Loopback_LB34"}) {
+        if (auto* shown = page.findChild<QWidget*>(QLatin1StringView(strip))) {
+            if (auto* close = shown->findChild<QPushButton*>(u"pushButtonClose"_s)) {
+                close->click();
+            }
+        }
+    }
+    for (const char* strip : {"Mixer_AUX", "Loopback_LB12"}) {
+        if (auto* shown = page.findChild<QWidget*>(QLatin1StringView(strip))) {
+            if (auto* link = shown->findChild<QPushButton*>(u"pushButtonLink"_s)) {
+                link->click();
+            }
+        }
+    }
+    if (auto* strip = page.findChild<InputBase*>(u"Input_AUX"_s)) {
+        strip->setSolo(true);
+    }
+}
+
+void shootConsole(Shooter& shooter)
+{
+    MainWindow_R47 window;
+    window.finishAuth(2);
+    shooter.take(window, u"live-fresh"_s);
+    constexpr std::pair<quillon::PageId, const char*> kPages[]{
+        {quillon::PageMble, "mobile"}, {quillon::PageLive, "live"}, {quillon::PageTyro, "easy"}, {quillon::PageProf, "pro"}};
+    for (const auto& [page, name] : kPages) {
+        window.setPage(page);
+        play(window);
+        shooter.take(window, QLatin1StringView(name) + u"-playing"_s);
+        rearrange(*window.findChild<QWidget*>(QLatin1StringView(quillon::pageRow(page)->object)));
+        window.resize(static_cast<int>(1500 * shooter.scale), window.height());
+        shooter.take(window, QLatin1StringView(name) + u"-wide"_s);
+    }
+    auto* ducking = window.findChild<R47_PrivateWidget1*>();
+    ducking->setScaleFactor(shooter.scale);
+    ducking->show();
+    shooter.take(*ducking, u"ducking"_s);
+    ducking->hide();
 
     window.setPage(quillon::PageFcty);
     shooter.take(window, u"recovery"_s);

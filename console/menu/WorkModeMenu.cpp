@@ -52,6 +52,7 @@ std::vector<MenuPlace> menuPlaces(std::span<const MenuGroup> groups, QSize size)
                           .buttons = {buttons, margin, at(widthOf(group) - kPadding) - buttons, size.height() - 2 * margin}});
         left += (widthOf(group) + kGap) * unit;
     }
+    places.back().box.setRight(size.width() - 1); // the bar goes on behind the last one
     return places;
 }
 

@@ -201,13 +201,14 @@ void PanelCore::layout()
     for (PlateButton* button : mButtons) {
         button->setLampPlace(lamps);
     }
+    mLaidOut = true;
     fitFont();
 }
 
 void PanelCore::fitFont()
 {
-    if (mButtons.front()->captionSize().isEmpty()) {
-        return; // not laid out yet
+    if (!mLaidOut) {
+        return;
     }
     const QRect plate = mButtons.front()->rect();
     const GlobalFont& fonts = GlobalFont::instance();

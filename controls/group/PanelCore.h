@@ -62,6 +62,7 @@ private:
     std::vector<QWidget*> mIcons; ///< null where the button has none
     QFont mFont;
     bool mChinese = false;
+    bool mLaidOut = false;
     unsigned mState = 0; ///< a bit for each button that is on
     unsigned mExclusive = 0;
     QString mAccessiblePrefix;

@@ -25,9 +25,19 @@ void PlateButton::setLampPlace(LampPlace place)
     }
 }
 
+PlateLayout PlateButton::presentLayout() const
+{
+    return quillon::layoutPlate(size(), mLampPlace.value_or(lampPlaceFor(size())));
+}
+
+QSizeF PlateButton::captionSize() const
+{
+    return presentLayout().caption.size();
+}
+
 void PlateButton::layoutPlate()
 {
-    mLayout = quillon::layoutPlate(size(), mLampPlace.value_or(lampPlaceFor(size())));
+    mLayout = presentLayout();
     for (std::size_t i = 0; i < mFill.size(); ++i) {
         QLinearGradient gradient(0, 0, 0, height());
         gradient.setColorAt(0, mColors[i].top);

@@ -19,8 +19,8 @@ public:
 
     /// Where the lamp stands whatever the plate's ratio is, so that it is the same all over a panel.
     void setLampPlace(LampPlace place);
-    /// The space of the caption.
-    QSizeF captionSize() const { return mLayout.caption.size(); }
+    /// The space of the caption, also of a hidden button, which is laid out only when it is shown.
+    QSizeF captionSize() const;
 
 protected:
     bool event(QEvent* event) override;
@@ -30,6 +30,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    PlateLayout presentLayout() const;
     void layoutPlate();
 
     const std::array<PlateColors, 2> mColors; ///< off, on
