@@ -95,7 +95,7 @@ OriginBase* addEffect(PageKit& kit)
 {
     auto* effect = new OriginS1M4(u"Effect"_s);
     effect->setChannelName(u"Effect"_s).setSaveEvents(false);
-    return kit.add<OriginBase>(effect, {&DeviceR47::in_fieldEffect_attributeChanged, kMixer});
+    return kit.addDeaf<OriginBase>(effect, {&DeviceR47::in_fieldEffect_attributeChanged, kMixer});
 }
 
 } // namespace

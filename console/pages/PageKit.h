@@ -59,13 +59,18 @@ public:
         field->setFont(GlobalFont::instance().font());
         return field;
     }
-    /// A strip, or what stands for one. receivers: of the device, that take its events.
+    /// A strip, or what stands for one. receivers: of the device, that take its events. It takes the reports of its object.
     template<class Strip> Strip* add(Strip* strip, std::initializer_list<DeviceSlot> receivers)
+    {
+        mRouter.bind(mPage.row().id, strip->objectName(), *strip);
+        return addDeaf(strip, receivers);
+    }
+    /// One that the device does not speak to.
+    template<class Strip> Strip* addDeaf(Strip* strip, std::initializer_list<DeviceSlot> receivers)
     {
         for (const DeviceSlot receiver : receivers) {
             QObject::connect(strip, &Strip::attributeChanged, &mDevice, receiver, Qt::UniqueConnection);
         }
-        mRouter.bind(mPage.row().id, strip->objectName(), *strip);
         observe(strip);
         strip->setFont(GlobalFont::instance().font());
         return strip;
