@@ -38,7 +38,70 @@ bool handlesTermination(qint64 pid)
     return at >= 0 && (text.mid(at + 7, 17).trimmed().toULongLong(nullptr, 16) & (1u << (SIGTERM - 1)));
 }
 
+// The five input strips of a first start, as each page sends them; the Pro page has more between them.
+const QStringList kInputs{"2102 1",  "2103 0", "2104 26", "2105 0", "2203 0",  "2204 26", "2205 0",
+                          "2304 81", "2305 0", "2504 87", "2505 0", "2704 99", "2705 0"};
+
+struct WholePage {
+    int crosspoints;    // mixes, strips in each, four for each of these
+    QSet<QString> told; // more than once: a level with each of its modes, a gain for each side of both
+};
+const QMap<int, WholePage> kPages{{1, {0, {"4406", "5103", "5203"}}}, {2, {5 * 10 * 4, {}}}, {3, {3 * 9 * 4, {}}}};
+
+/// What is wrong with the page of a first start; nothing when it is right.
+QString faultOf(const QStringList& frames, const WholePage& whole)
+{
+    if (frames.size() < 2 || frames.first() != "1120 1" || frames.last() != "1120 0")
+        return "no bracket";
+    qsizetype input = 0;
+    int crosspoints = 0;
+    QSet<QString> seen;
+    for (const QString& frame : frames.mid(1, frames.size() - 2)) {
+        const QString code = frame.section(' ', 0, 0);
+        if (seen.contains(code) && !whole.told.contains(code))
+            return "twice: " + frame;
+        seen += code;
+        input += input < kInputs.size() && frame == kInputs[input];
+        crosspoints += code.startsWith('3');
+    }
+    if (input < kInputs.size())
+        return "missing, or not in its place: " + kInputs[input];
+    return crosspoints == whole.crosspoints ? QString() : QString("%1 crosspoints").arg(crosspoints);
+}
+
+QStringList firstPage(int mode)
+{
+    Stage stage({"--rate", "0", "--mode", QString::number(mode)});
+    stage.mark();
+    QStringList page = stage.start() && stage.waitForPage() ? stage.sent() : QStringList();
+    const bool greeted = !page.isEmpty() && page.takeFirst() == "1101 1";
+    stage.mark();
+    stage.unit().ask(QString("frame 1101 %1").arg(mode));
+    const QStringList again = stage.waitForPage() ? stage.sent() : QStringList();
+    QString fault = greeted ? faultOf(page, kPages[mode]) : "no hello";
+    if (fault.isEmpty() && again != page)
+        fault = "another page when it is opened again: " + again.join(", ");
+    if (fault.isEmpty())
+        return page;
+    QTest::qFail(qPrintable(QString("mode %1, %2").arg(mode).arg(fault)), __FILE__, __LINE__);
+    return {};
+}
+
 } // namespace
+
+QStringList pageOf(int mode, const QMap<QString, int>& changed)
+{
+    static QMap<int, QStringList> pages;
+    if (!pages.contains(mode))
+        pages[mode] = firstPage(mode);
+    QStringList page = pages[mode];
+    for (QString& frame : page) {
+        const QString code = frame.section(' ', 0, 0);
+        if (changed.contains(code))
+            frame = QString("%1 %2").arg(code).arg(changed[code]);
+    }
+    return page;
+}
 
 Stage::Stage(const QStringList& unitOptions) : mUnit(unitOptions)
 {

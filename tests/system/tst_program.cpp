@@ -97,7 +97,6 @@ void tst_program::frontPanelIsStoredNotSent()
 
 void tst_program::pageFollowsTheUnit()
 {
-    const QStringList emptyPage{"1120 1", "1120 0"};
     const QStringList hello{"1101 1"};
     Stage stage;
     QVERIFY(stage.start());
@@ -106,15 +105,17 @@ void tst_program::pageFollowsTheUnit()
     stage.mark();
     stage.unit().ask("mode 1");
     QVERIFY(stage.waitForPage());
-    QCOMPARE(stage.sent(), hello + emptyPage);
+    QCOMPARE(stage.sent(), hello + pageOf(1));
     QVERIFY(QDir(stage.folder("Workspace/R47/Mble")).exists());
-    // It tells the mode without leaving: the page follows at once, and Live is as it was left, also after reports to other pages.
+    // It tells the mode without leaving: the page follows at once and is as it was left, also after reports to other pages.
     stage.unit().ask("panel Input_IN1 GAIN 77");
     for (const int mode : {3, 2, 1, 2}) {
+        const QMap<QString, int> changed = mode == 1 ? QMap<QString, int>{{"2104", 77}} : QMap<QString, int>();
+        const QStringList page = pageOf(mode, changed);
         stage.mark();
         stage.unit().ask(QString("frame 1101 %1").arg(mode));
         QVERIFY(stage.waitForPage());
-        QCOMPARE(stage.sent(), mode == 2 ? livePage() : emptyPage);
+        QCOMPARE(stage.sent(), page);
     }
     QVERIFY(QDir(stage.folder("Workspace/R47/Prof")).exists());
     // A mode that there is not changes nothing.

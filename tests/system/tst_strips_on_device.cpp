@@ -29,7 +29,7 @@ private slots:
     void eachControlSendsItsFrame_data();
     void eachControlSendsItsFrame();
     void aDragSendsEachStepOnce();
-    void silentControls();
+    void controlsOfTheConsole();
     void soloIsABurstOfMutes();
     void eachReportMovesItsWidget();
     void deviceAndWorkspaceStayOfOneMind();
@@ -148,7 +148,7 @@ void tst_strips_on_device::aDragSendsEachStepOnce()
     }
 }
 
-void tst_strips_on_device::silentControls()
+void tst_strips_on_device::controlsOfTheConsole()
 {
     Console console;
     console.sent();
@@ -159,6 +159,9 @@ void tst_strips_on_device::silentControls()
         move(name, Hand::Type, 0);
         QCOMPARE(name->text(), QString("Vox"));
     }
+    QCOMPARE(console.sent(), QStringList());
+    // The mixes have the place between the sides; the device knows one switch of ducking.
+    static const QRegularExpression mix("^3.0[9a] ");
     for (const char* strip : {"Input_IN1", "Input_IN2"}) {
         QWidget* balance = console.part(strip, "widgetHSlider");
         move(balance, Hand::Wheel, 3);
@@ -166,6 +169,9 @@ void tst_strips_on_device::silentControls()
         move(balance, Hand::DragRight, 20);
         move(balance, Hand::Double, 0);
         move(balance, Hand::Key, Qt::Key_Right);
+        const QStringList frames = console.sent();
+        QVERIFY(!frames.isEmpty());
+        QCOMPARE(frames.filter(mix), frames);
         for (const char* button : {"PushButtonEQ", "PushButtonDUCKING"}) {
             auto* plate = qobject_cast<QPushButton*>(console.part(strip, button));
             move(plate, Hand::Click, 0);
@@ -173,8 +179,8 @@ void tst_strips_on_device::silentControls()
             move(plate, Hand::Space, 0);
         }
         move(console.part(strip, "PushButtonEQ"), Hand::Right, 0);
+        QCOMPARE(console.sent(), QStringList({"4307 1", "4307 0"}));
     }
-    QCOMPARE(console.sent(), QStringList());
     QVERIFY(console.shown() != before);
     // A window that opens and is closed again before anything was measured leaves the gain alone.
     QTimer watch;
@@ -291,7 +297,8 @@ void tst_strips_on_device::deviceAndWorkspaceStayOfOneMind()
     QCOMPARE(frames.takeFirst(), QString("1101 1"));
     QCOMPARE(frames.takeFirst(), QString("1120 1"));
     QCOMPARE(frames.takeLast(), QString("1120 0"));
-    QCOMPARE(frames, kept);
+    QVERIFY(!frames.contains("1120 1") && !frames.contains("1120 0"));
+    QCOMPARE(frames.filter(QRegularExpression("^2")), kept);
 }
 
 QTEST_MAIN(tst_strips_on_device)
