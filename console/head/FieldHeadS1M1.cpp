@@ -19,7 +19,12 @@ void FieldHeadS1M1::setWorkspaces(const QStringList& names, const QString& curre
     setAutoSave(quillon::workspaceMode() == 0);
     mOpen.clear();
     const auto valid = [&subject](const QString& name) { return subject.isWorkspaceValid(name); };
-    if (names.isEmpty() || (names.contains(current) && valid(current))) {
+    const bool remembered = names.contains(current);
+    const bool opens = remembered && valid(current);
+    if (remembered && !opens) {
+        qWarning("FieldHeadS1M1::setWorkspaces //remembered file is not a workspace of this device");
+    }
+    if (names.isEmpty() || opens) {
         FieldHeadBase1::setWorkspaces(names, current);
     } else if (const auto first = std::find_if(names.begin(), names.end(), valid); first != names.end()) {
         FieldHeadBase1::setWorkspaces(names, *first);

@@ -105,7 +105,11 @@ void tst_storms::plugsInEveryState()
         for (std::size_t i = 0; i < kStorms.size(); ++i)
             if (!kStorms[i].sign.isEmpty())
                 QVERIFY2(stages[i]->unit().tell(QString("%1 %2").arg(kStorms[i].sign).arg(kConsoleMs)),
-                         qPrintable(QString("%1, cycle %2").arg(kStorms[i].name).arg(cycle)));
+                         qPrintable(QString("%1, cycle %2, program %3, %4")
+                                        .arg(kStorms[i].name)
+                                        .arg(cycle)
+                                        .arg(stages[i]->program().state())
+                                        .arg(stages[i]->sent().join(", "))));
     }
     for (std::size_t i = 0; i < kStorms.size(); ++i)
         tell(*stages[i], kStorms[i].after);
