@@ -21,7 +21,8 @@ inline constexpr const char* kStrips[] = {"Input_IN1", "Input_IN2", "Input_AUX",
 class Console
 {
 public:
-    Console() { open(); }
+    /// unitOptions: of the r47d, whose mode and the remembered page decide which page opens.
+    explicit Console(const QStringList& unitOptions = {"--rate", "0"}) : mUnit(unitOptions) { open(); }
 
     /// A console window on the workspace as it is now, in place of the one before. What it sends is in sent().
     void open()
@@ -32,6 +33,9 @@ public:
         mWindow->startConnection();
         QTRY_VERIFY(mUnit.tell("count 1120").text == "2");
     }
+
+    /// Closes the window as a program that ends.
+    void close() { mWindow.reset(); }
 
     RunningR47& unit() { return mUnit; }
     MainWindow_R47& window() { return *mWindow; }

@@ -1,7 +1,7 @@
 // Mixers, outputs and loopbacks of whole pages on a real link: what a workspace says is what the device has, for every mix. And a
 // measured gain, against a level that is known.
 
-#include "RandomHands.h"
+#include "PageOnWire.h"
 
 #include "device/DeviceR47.h"
 #include "device/USBAudioAPI.h"
@@ -12,7 +12,6 @@
 #include "strips/origin/OriginS1M13.h"
 #include "tests/strips/MixerBench.h"
 #include "tests/strips/RouteBench.h"
-#include "tests/strips/StripModels.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -22,67 +21,11 @@ using namespace Qt::StringLiterals;
 using bench::MixerModel;
 using bench::RouteModel;
 using bench::Values;
+using wire::frames;
+using wire::kSources;
 
 namespace
 {
-
-const QStringList kSources{u""_s,
-                           u"Mix A"_s,
-                           u"Mix B"_s,
-                           u"Mix C"_s,
-                           u"Mix D"_s,
-                           u"Mix E"_s,
-                           u"IN 1"_s,
-                           u"IN 2"_s,
-                           u"IN 1+2"_s,
-                           u"AUX"_s,
-                           u"BT"_s,
-                           u"OTG IN"_s,
-                           u"Playback 1/2"_s,
-                           u"Playback 3/4"_s,
-                           u"Playback 5/6"_s,
-                           u"Playback 7/8"_s,
-                           u"Playback 9/10"_s,
-                           u"FX"_s};
-
-/// The device's own address and number of a value, "3109 33554432"; two of them for a mute of both sides.
-QStringList frames(const QString& key, const QString& value)
-{
-    static const QMap<QString, std::pair<const char*, const char*>> kBlocks{
-        {"MixA", {"31", "32"}},          {"MixB", {"33", "34"}},          {"MixC", {"35", "36"}},
-        {"MixD", {"37", "38"}},          {"MixE", {"3b", "3c"}},          {"Loopback_LB12", {"51", "52"}},
-        {"Loopback_LB34", {"53", "54"}}, {"Loopback_LB56", {"55", "56"}}, {"Loopback_LB78", {"57", "58"}},
-        {"Output_OTGOUT", {"61", "62"}}, {"Output_HP", {"63", "64"}},     {"Output_LB12", {"51", "52"}},
-        {"Input_PB12", {"53", "54"}}};
-    static const QStringList kChannels{"PB12", "PB34", "PB56", "PB78", "IN12", "AUX", "OTGIN", "BT", "PB910", "FX"};
-    const QString object = key.section(u'/', 0, 0);
-    const QString attribute = key.section(u'/', 1);
-    if (object.startsWith(u"Mixer_"_s)) {
-        const auto [left, right] = kBlocks[attribute.section(u'_', 0, 0)];
-        const auto channel = 2 * kChannels.indexOf(object.section(u'_', 1)) + (attribute.endsWith(u"CL"_s) ? 1 : 2);
-        return {u"%1%2 %3"_s.arg(QLatin1StringView(attribute.contains(u"GainML"_s) ? left : right))
-                    .arg(channel, 2, 16, QChar(u'0'))
-                    .arg(value)};
-    }
-    const auto [left, right] = kBlocks[object];
-    const bool output = object == u"Output_HP"_s || object == u"Output_OTGOUT"_s;
-    if (attribute == u"AudioSource"_s) {
-        return {QLatin1StringView(output ? right : left) + u"02 %1"_s.arg(kSources.indexOf(value))};
-    }
-    const QString side = QLatin1StringView(attribute.endsWith(u"Right"_s) ? right : left);
-    if (attribute.startsWith(u"GAIN"_s)) {
-        const double db = value.toDouble();
-        const int number = output ? wireGain(object == u"Output_HP"_s ? u"Input_AUX"_s : u"Input_BT"_s, db)
-                                  : int(db <= -90 ? 0 : std::pow(10, db / 20) * 33554432);
-        return {side + u"03 %1"_s.arg(number)};
-    }
-    if (!output) {
-        return {}; // of the others the device knows no mute
-    }
-    const QString mute = u"04 "_s + value;
-    return attribute == u"MUTE"_s ? QStringList{QLatin1StringView(left) + mute, QLatin1StringView(right) + mute}
-                                  : QStringList{side + mute};
-}
 
 /// The device, its link, and what the console does between them and the strips of a page.
 class Link
