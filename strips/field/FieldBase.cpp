@@ -64,6 +64,12 @@ void FieldBase::resizeEvent(QResizeEvent* event)
     mRow.relayout();
 }
 
+void FieldBase::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    mRow.limitSize();
+}
+
 void FieldBase::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

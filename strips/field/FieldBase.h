@@ -33,6 +33,7 @@ protected:
     FieldRow& row() { return mRow; }
 
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 protected slots:

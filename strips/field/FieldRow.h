@@ -48,6 +48,8 @@ public:
 
     /// Redoes the layout for the field's present size.
     void relayout();
+    /// Sets the least size of the field, which shows two strips. Call when it is shown: before that it has no height to speak of.
+    void limitSize();
     void paint(QPainter& painter) const;
     /// The free part of the title row, behind the title, and the title's font.
     QRect besideTitle() const;
@@ -77,7 +79,6 @@ private:
     void layoutTitle();
     int layoutStrips();
     void restyleBar(bool scrollable);
-    void limitSize();
 
     QWidget* mField;
     QLabel* mLabel;
