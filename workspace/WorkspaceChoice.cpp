@@ -26,28 +26,17 @@ QString uniqueName(const QString& text, const QStringList& taken)
     return name;
 }
 
-QString openRememberedWorkspace(WorkspaceSubject& subject, int mode)
+QString workspaceToOpen(const WorkspaceSubject& subject, const QStringList& names, const QString& remembered)
 {
-    const QStringList names = subject.workspaceNames();
     const auto valid = [&subject](const QString& name) { return subject.isWorkspaceValid(name); };
-    QString chosen = QSettings().value(subject.rememberKey()).toString();
-    if (!names.contains(chosen) || !valid(chosen)) {
-        if (names.contains(chosen)) {
-            qWarning("openRememberedWorkspace //remembered file is not a workspace of this device");
+    if (names.contains(remembered)) {
+        if (valid(remembered)) {
+            return remembered;
         }
-        const auto first = std::find_if(names.begin(), names.end(), valid);
-        chosen = first != names.end() ? *first : QString();
+        qWarning("workspaceToOpen //remembered file is not a workspace of this device");
     }
-    if (chosen.isEmpty()) {
-        chosen = uniqueName(QString(), names);
-        subject.createWorkspace(chosen);
-    }
-    subject.modifyWorkspace(chosen, mode);
-    // A page that could not open its own must not go on in the workspace of the page before: their groups have the same names.
-    if (!subject.isCurrent(chosen)) {
-        subject.close();
-    }
-    return chosen;
+    const auto first = std::find_if(names.begin(), names.end(), valid);
+    return first != names.end() ? *first : QString();
 }
 
 int workspaceMode()

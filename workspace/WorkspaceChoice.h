@@ -12,9 +12,8 @@ namespace quillon
 /// ("yyyy-MMdd-hhmm-ss"), or the next second whose name is free.
 QString uniqueName(const QString& text, const QStringList& taken);
 
-/// Opens the remembered workspace of the subject's work mode, else the oldest, else a new one. mode as in modifyWorkspace().
-/// Returns the name that was opened; where that failed, no workspace is open.
-QString openRememberedWorkspace(WorkspaceSubject& subject, int mode);
+/// The remembered name if it is one of the names and a workspace of this device, else the first that is; empty where none is.
+QString workspaceToOpen(const WorkspaceSubject& subject, const QStringList& names, const QString& remembered);
 
 /// 0 when "AutoSaveWorkspace" is on, 1 (private copy) otherwise.
 int workspaceMode();

@@ -4,8 +4,6 @@
 #include "workspace/WorkspaceChoice.h"
 #include "workspace/WorkspaceSubject.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 FieldHeadS1M1::FieldHeadS1M1(const QString& objectName, QWidget* parent) : FieldHeadBase1(objectName, parent)
@@ -18,16 +16,9 @@ void FieldHeadS1M1::setWorkspaces(const QStringList& names, const QString& curre
     WorkspaceSubject& subject = WorkspaceSubject::instance();
     setAutoSave(quillon::workspaceMode() == 0);
     mOpen.clear();
-    const auto valid = [&subject](const QString& name) { return subject.isWorkspaceValid(name); };
-    const bool remembered = names.contains(current);
-    const bool opens = remembered && valid(current);
-    if (remembered && !opens) {
-        qWarning("FieldHeadS1M1::setWorkspaces //remembered file is not a workspace of this device");
-    }
-    if (names.isEmpty() || opens) {
-        FieldHeadBase1::setWorkspaces(names, current);
-    } else if (const auto first = std::find_if(names.begin(), names.end(), valid); first != names.end()) {
-        FieldHeadBase1::setWorkspaces(names, *first);
+    const QString chosen = quillon::workspaceToOpen(subject, names, current);
+    if (names.isEmpty() || !chosen.isEmpty()) {
+        FieldHeadBase1::setWorkspaces(names, chosen);
     } else {
         const QString fresh = quillon::uniqueName(QString(), names);
         subject.createWorkspace(fresh);

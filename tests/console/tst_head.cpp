@@ -370,7 +370,7 @@ void TestHead::workspacesOfOthersArePassedOver()
     Bench bench(true);
     bench.subject.createFile(bench.path(u"X"_s), u"Other"_s);
     for (int i = 0; i < 2; ++i) {
-        QTest::ignoreMessage(QtWarningMsg, "FieldHeadS1M1::setWorkspaces //remembered file is not a workspace of this device");
+        QTest::ignoreMessage(QtWarningMsg, "workspaceToOpen //remembered file is not a workspace of this device");
     }
     bench.bar.setWorkspaces({u"X"_s, u"C"_s}, u"X"_s);
     QCOMPARE(bench.box().currentName(), u"C"_s);

@@ -209,32 +209,24 @@ private slots:
         QCOMPARE(subject().workspaceNames(), QStringList({u"no date"_s, u"early"_s, u"a.same"_s, u"b.same"_s, u"late"_s}));
     }
 
-    void opensTheRememberedOne()
+    void choosesTheRememberedOne()
     {
         const QStringList both{u"a"_s, u"b"_s};
         for (const auto& [valid, remembered, opened] : {std::tuple{both, u"b"_s, u"b"_s},
                                                         {both, u"gone"_s, u"a"_s},
                                                         {both, u"foreign"_s, u"a"_s},
                                                         {QStringList{u"a"_s}, u"../x"_s, u"a"_s},
-                                                        {QStringList(), u"foreign"_s, QString()}}) { // none is valid: a new one
+                                                        {QStringList(), u"foreign"_s, QString()}}) { // none is valid
             cleanup();
             init();
             StoreFixture::put(mStore->path(u"foreign"_s), "[ConfigFileHeader]\nCreateDate=2000-01-01 00:00:00\nDeviceName=R48\n");
             for (const QString& name : valid) {
                 mStore->make(name, name == u"a"_s ? "2024-01-01 00:00:00" : "2024-01-02 00:00:00", 1);
             }
-            QSettings().setValue(subject().rememberKey(), remembered);
             if (remembered == u"foreign"_s) {
-                QTest::ignoreMessage(QtWarningMsg, "openRememberedWorkspace //remembered file is not a workspace of this device");
+                QTest::ignoreMessage(QtWarningMsg, "workspaceToOpen //remembered file is not a workspace of this device");
             }
-            const QString name = quillon::openRememberedWorkspace(subject(), 0);
-            if (!opened.isEmpty()) {
-                QCOMPARE(name, opened);
-            }
-            QVERIFY(subject().isCurrent(name));
-            QVERIFY(subject().isWorkspaceValid(name));
-            QCOMPARE(mStore->files().size(), valid.size() + (opened.isEmpty() ? 2 : 1));
-            QCOMPARE(QSettings().value(subject().rememberKey()).toString(), name);
+            QCOMPARE(quillon::workspaceToOpen(subject(), subject().workspaceNames(), remembered), opened);
         }
     }
 
