@@ -1,5 +1,5 @@
-#include "console/pages/PageKit.h"
 #include "console/pages/Pages.h"
+#include "console/pages/SimpleStrips.h"
 #include "strips/field/FieldOriginS1M1.h"
 #include "strips/field/FieldOriginS1M2.h"
 #include "strips/origin/OriginS1M1.h"
@@ -19,58 +19,27 @@ namespace quillon
 namespace
 {
 
-struct Row {
-    const char* object;
-    const char* channelName;
-    OriginBase* (*make)(const QString& objectName);
-    PageKit::DeviceSlot slot;
-    const GainScale& scale;
-    float gainDefaultDb;
-    const char16_t* levelObject; // reports its levels beside itself
-};
-
-template<class Strip> OriginBase* make(const QString& objectName)
-{
-    return new Strip(objectName);
-}
-
 constexpr auto kInput = &DeviceR47::in_fieldInput_attributeChanged;
 constexpr auto kMixer = &DeviceR47::in_fieldMixer_attributeChanged;
 constexpr auto kLoopback = &DeviceR47::in_fieldLoopback_attributeChanged;
 constexpr auto kOutput = &DeviceR47::in_fieldOutput_attributeChanged;
 
-constexpr Row kTop[]{
-    {"Input_IN1", "IN1", make<OriginS1M1>, kInput, scaleMicrophone, 26, nullptr},
-    {"Input_IN2", "IN2", make<OriginS1M2>, kInput, scaleMicrophone, 26, nullptr},
-    {"Input_AUX", "AUX", make<OriginS1M9>, kInput, scaleAux, 0, nullptr},
-    {"Input_BT", "BT", make<OriginS1M9>, kInput, scaleLine, -6, nullptr},
-    {"Input_OTGIN", "OTG IN", make<OriginS1M9>, kInput, scaleLine, 0, nullptr},
-    {"Mixer_PB12", "Playback 1/2", make<OriginS1M8>, kMixer, scalePlayback, 0, u"Playback 1/2"},
-    {"Mixer_PB34", "Playback 3/4", make<OriginS1M8>, kMixer, scalePlayback, 0, u"Playback 3/4"},
+constexpr SimpleRow kTop[]{
+    {"Input_IN1", "IN1", nullptr, makeSimple<OriginS1M1>, kInput, scaleMicrophone, 26, nullptr},
+    {"Input_IN2", "IN2", nullptr, makeSimple<OriginS1M2>, kInput, scaleMicrophone, 26, nullptr},
+    {"Input_AUX", "AUX", nullptr, makeSimple<OriginS1M9>, kInput, scaleAux, 0, nullptr},
+    {"Input_BT", "BT", nullptr, makeSimple<OriginS1M9>, kInput, scaleLine, -6, nullptr},
+    {"Input_OTGIN", "OTG IN", nullptr, makeSimple<OriginS1M9>, kInput, scaleLine, 0, nullptr},
+    {"Mixer_PB12", "Playback 1/2", nullptr, makeSimple<OriginS1M8>, kMixer, scalePlayback, 0, u"Playback 1/2"},
+    {"Mixer_PB34", "Playback 3/4", nullptr, makeSimple<OriginS1M8>, kMixer, scalePlayback, 0, u"Playback 3/4"},
 };
 
 // The routing of this mode is fixed, so each of these shows the level of one mix; an output reports its own as well.
-constexpr Row kBottom[]{
-    {"Loopback_LB12", "Loopback 1/2", make<OriginS1M7>, kLoopback, scaleRecord, 0, u"Mix A"},
-    {"Output_HP", "HP", make<OriginS1M6>, kOutput, scaleAux, -38, u"Mix B"},
-    {"Output_OTGOUT", "OTG OUT", make<OriginS1M6>, kOutput, scaleLine, 0, u"Mix C"},
+constexpr SimpleRow kBottom[]{
+    {"Loopback_LB12", "Loopback 1/2", nullptr, makeSimple<OriginS1M7>, kLoopback, scaleRecord, 0, u"Mix A"},
+    {"Output_HP", "HP", nullptr, makeSimple<OriginS1M6>, kOutput, scaleAux, -38, u"Mix B"},
+    {"Output_OTGOUT", "OTG OUT", nullptr, makeSimple<OriginS1M6>, kOutput, scaleLine, 0, u"Mix C"},
 };
-
-QList<PlainStrip*> addStrips(PageKit& kit, std::span<const Row> rows)
-{
-    QList<PlainStrip*> strips;
-    for (const Row& row : rows) {
-        OriginBase* strip = kit.add(row.make(QString::fromLatin1(row.object)), {row.slot});
-        strip->setChannelName(QString::fromLatin1(row.channelName)).setSaveEvents(false).setNameEditable(true);
-        strip->setGainRange(row.scale).setGainDefault(row.gainDefaultDb).setUnmuteOnGain(true);
-        if (row.levelObject) {
-            kit.report(row.levelObject, u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
-            kit.report(row.levelObject, u"MeterRight", strip->deviceSetter(u"MeterRight"));
-        }
-        strips += strip;
-    }
-    return strips;
-}
 
 /// The device has a gain for each side of an output, the strip one for both.
 void linkBothSides(PageKit& kit, PlainStrip* strip)
@@ -103,13 +72,13 @@ OriginBase* addEffect(PageKit& kit)
 void buildEasyPage(PageKit& kit)
 {
     auto* top = kit.addField(ConsolePage::Top, new FieldOriginS1M1(u"FieldTop"_s, {"Input", "输入"}));
-    const QList<PlainStrip*> inputs = addStrips(kit, kTop);
+    const QList<PlainStrip*> inputs = addSimpleStrips(kit, kTop);
     top->setWidgetList(inputs);
     kit.report(u"Output_OTGOUT", u"Plug", inputs[4]->deviceSetter(u"Plug"));
 
     auto* bottom = kit.addField(ConsolePage::Bottom, new FieldOriginS1M2(u"FieldBottom"_s, {}));
     QList<PlainStrip*> strips{addMenu(kit), addEffect(kit)};
-    strips += addStrips(kit, kBottom);
+    strips += addSimpleStrips(kit, kBottom);
     bottom->setWidgetList(strips);
     linkBothSides(kit, strips[3]);
     linkBothSides(kit, strips[4]);

@@ -1,6 +1,6 @@
 #include "console/menu/R47_PrivateWidget2.h"
-#include "console/pages/PageKit.h"
 #include "console/pages/Pages.h"
+#include "console/pages/SimpleStrips.h"
 #include "strips/effect/EffectS1M3.h"
 #include "strips/effect/EffectS1M4.h"
 #include "strips/field/FieldEffectS1M1.h"
@@ -20,20 +20,8 @@ namespace
 
 constexpr float kSilenceDb = -90;
 
-struct Row {
-    const char* object;
-    const char* channelName;
-    const char* chineseName; // null for one that is the same
-    OriginBase* (*make)(const QString& objectName);
-    const GainScale& scale;
-    float gainDefaultDb;
-    const char16_t* levelObject; // reports its levels; null where it does so itself
-};
-
-template<class Strip> OriginBase* make(const QString& objectName)
-{
-    return new Strip(objectName);
-}
+constexpr auto kInput = &DeviceR47::in_fieldInput_attributeChanged;
+constexpr auto kOutput = &DeviceR47::in_fieldOutput_attributeChanged;
 
 /// The routing of this mode is the device's own, so there is no source to choose.
 OriginBase* makeOutput(const QString& objectName)
@@ -43,39 +31,20 @@ OriginBase* makeOutput(const QString& objectName)
     return strip;
 }
 
-constexpr Row kInputs[]{
-    {"Input_IN1", "IN1", "输入1", make<OriginS1M10>, scaleMicrophone, 26, nullptr},
-    {"Input_IN2", "IN2", "输入2", make<OriginS1M11>, scaleMicrophone, 26, nullptr},
-    {"Input_AUX", "AUX", nullptr, make<OriginS1M12>, scaleAux, 0, nullptr},
-    {"Input_BT", "BT", nullptr, make<OriginS1M12>, scaleLine, -6, nullptr},
-    {"Input_OTGIN", "OTG IN", nullptr, make<OriginS1M12>, scaleLine, 0, nullptr},
-    {"Input_PB12", "Playback 1/2", nullptr, make<OriginS1M12>, scalePlayback, 0, u"Playback 1/2"},
+constexpr SimpleRow kInputs[]{
+    {"Input_IN1", "IN1", "输入1", makeSimple<OriginS1M10>, kInput, scaleMicrophone, 26, nullptr},
+    {"Input_IN2", "IN2", "输入2", makeSimple<OriginS1M11>, kInput, scaleMicrophone, 26, nullptr},
+    {"Input_AUX", "AUX", nullptr, makeSimple<OriginS1M12>, kInput, scaleAux, 0, nullptr},
+    {"Input_BT", "BT", nullptr, makeSimple<OriginS1M12>, kInput, scaleLine, -6, nullptr},
+    {"Input_OTGIN", "OTG IN", nullptr, makeSimple<OriginS1M12>, kInput, scaleLine, 0, nullptr},
+    {"Input_PB12", "Playback 1/2", nullptr, makeSimple<OriginS1M12>, kInput, scalePlayback, 0, u"Playback 1/2"},
 };
 
-constexpr Row kOutputs[]{
-    {"Output_HP", "HP OUT", nullptr, makeOutput, scaleAux, -38, nullptr},
-    {"Output_OTGOUT", "OTG OUT", nullptr, makeOutput, scaleLine, 0, nullptr},
-    {"Output_LB12", "Recording", "录音", makeOutput, scaleRecord, 0, u"Playback 3/4"},
+constexpr SimpleRow kOutputs[]{
+    {"Output_HP", "HP OUT", nullptr, makeOutput, kOutput, scaleAux, -38, nullptr},
+    {"Output_OTGOUT", "OTG OUT", nullptr, makeOutput, kOutput, scaleLine, 0, nullptr},
+    {"Output_LB12", "Recording", "录音", makeOutput, kOutput, scaleRecord, 0, u"Playback 3/4"},
 };
-
-QList<PlainStrip*> addStrips(PageKit& kit, std::span<const Row> rows, PageKit::DeviceSlot slot)
-{
-    QList<PlainStrip*> strips;
-    for (const Row& row : rows) {
-        OriginBase* strip = kit.add(row.make(QString::fromLatin1(row.object)), {slot});
-        strip->setChannelName(QString::fromLatin1(row.channelName))
-            .setChineseName(QString::fromUtf8(row.chineseName))
-            .setSaveEvents(false)
-            .setNameEditable(true);
-        strip->setGainRange(row.scale).setGainDefault(row.gainDefaultDb).setUnmuteOnGain(true);
-        if (row.levelObject) {
-            kit.report(row.levelObject, u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
-            kit.report(row.levelObject, u"MeterRight", strip->deviceSetter(u"MeterRight"));
-        }
-        strips += strip;
-    }
-    return strips;
-}
 
 /// A strip that the device knows as a loopback: its gain is that of both sides, and its mute is silence.
 void linkToLoopback(PageKit& kit, PlainStrip* strip, const QString& loopback)
@@ -108,11 +77,11 @@ void addEffects(PageKit& kit)
 void buildMobilePage(PageKit& kit)
 {
     auto* field = kit.addField(ConsolePage::Top, new FieldOriginS1M1(u"FieldInput"_s, {"Input", "输入"}));
-    const QList<PlainStrip*> inputs = addStrips(kit, kInputs, &DeviceR47::in_fieldInput_attributeChanged);
+    const QList<PlainStrip*> inputs = addSimpleStrips(kit, kInputs);
     field->setWidgetList(inputs);
     addEffects(kit);
     auto* outputField = kit.addField(ConsolePage::Right, new FieldOriginS1M1(u"FieldOutput"_s, {"Output", "输出"}));
-    const QList<PlainStrip*> outputs = addStrips(kit, kOutputs, &DeviceR47::in_fieldOutput_attributeChanged);
+    const QList<PlainStrip*> outputs = addSimpleStrips(kit, kOutputs);
     outputField->setWidgetList(outputs);
 
     kit.addMenu(new R47_PrivateWidget2(u"ConfigMenuMble"_s));

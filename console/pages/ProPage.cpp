@@ -20,38 +20,14 @@ namespace
 
 constexpr Routing kRouting{3, false, ConsolePage::Left, ConsolePage::Right};
 
-constexpr InputRow kInputs[]{
-    {"Input_IN1", "IN 1", makeMicrophone<InputS1M4>, 26},           {"Input_IN2", "IN 2", makeMicrophone<InputS1M5>, 26},
-    {"Input_AUX", "AUX", makeStereo<InputS1M6, scaleAux>, 0},       {"Input_BT", "BT", makeStereo<InputS1M6, scaleLine>, -6},
-    {"Input_OTGIN", "OTG IN", makeStereo<InputS1M6, scaleLine>, 0},
-};
-
-constexpr auto kPair = makeStrip<MixerBase, MixerS1M4>;
-constexpr MixerRow kMixers[]{
-    {"Mixer_IN12", "IN 1+2", kPair, nullptr},
-    {"Mixer_AUX", "AUX", kPair, u"Input_AUX"},
-    {"Mixer_BT", "BT", kPair, u"Input_BT"},
-    {"Mixer_OTGIN", "OTG IN", kPair, u"Input_OTGIN"},
-    {"Mixer_PB12", "Playback 1/2", kPair, u"Playback 1/2"},
-    {"Mixer_PB34", "Playback 3/4", kPair, u"Playback 3/4"},
-    {"Mixer_PB56", "Playback 5/6", kPair, u"Playback 5/6"},
-    {"Mixer_PB78", "Playback 7/8", kPair, u"Playback 7/8"},
-    {"Mixer_PB910", "Playback 9/10", kPair, u"Playback 9/10"},
-};
-
-constexpr OutputRow kOutputs[]{
-    {"Output_HP", "HP OUT", makeStrip<OutputBase, OutputS1M4>, scaleAux, -38, u"Mix B"},
-    {"Output_OTGOUT", "OTG OUT", makeStrip<OutputBase, OutputS1M3>, scaleLine, 0, u"Mix C"},
-};
-
 } // namespace
 
 void buildProPage(PageKit& kit)
 {
-    const QList<InputBase*> inputs = buildInputs(kit, kInputs);
-    FieldMixerS1M1* mixes = buildMixers(kit, kRouting, kMixers);
+    const QList<InputBase*> inputs = buildInputs(kit, kStudioInputs<InputS1M4, InputS1M5, InputS1M6>);
+    FieldMixerS1M1* mixes = buildMixers(kit, kRouting, kStudioMixers<MixerS1M4, MixerS1M4>);
     buildLoopbacks(kit, kRouting, *mixes, makeStrip<LoopbackBase, LoopbackS1M2>);
-    const QList<OutputBase*> outputs = buildOutputs(kit, kRouting, *mixes, kOutputs);
+    const QList<OutputBase*> outputs = buildOutputs(kit, kRouting, *mixes, kStudioOutputs<OutputS1M4, OutputS1M3>);
 
     kit.addMenu(new R47_PrivateWidget5(u"ConfigMenuProf"_s));
     kit.addMicrophone(inputs[0], ConsoleLinks::In1, false);

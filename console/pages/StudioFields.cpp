@@ -92,11 +92,14 @@ FieldMixerS1M1* buildMixers(PageKit& kit, const Routing& routing, std::span<cons
     field->setMixTable(mixes);
     QList<MixerBase*> strips;
     for (const MixerRow& row : rows) {
+        const bool effect = row.levelObject && QStringView(row.levelObject) == u"Effect";
+        if (effect && !routing.effect) {
+            continue;
+        }
         MixerBase* strip = kit.add(row.make(QString::fromLatin1(row.object)), {&DeviceR47::in_fieldMixer_attributeChanged});
         strip->setChannelName(QString::fromLatin1(row.channelName));
         strip->setSaveEvents(false).setNameEditable(true);
         if (row.levelObject) {
-            const bool effect = QStringView(row.levelObject) == u"Effect";
             kit.report(row.levelObject, effect ? u"MeterOut" : u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
             kit.report(row.levelObject, effect ? u"MeterOut" : u"MeterRight", strip->deviceSetter(u"MeterRight"));
         } else {

@@ -78,4 +78,34 @@ template<class Base, class Strip> Base* makeStrip(const QString& objectName)
     return new Strip(objectName);
 }
 
+// What stands on both pages, by the kinds of strip that the page has.
+
+template<class Microphone1, class Microphone2, class Stereo>
+inline constexpr InputRow kStudioInputs[]{
+    {"Input_IN1", "IN 1", makeMicrophone<Microphone1>, 26},      {"Input_IN2", "IN 2", makeMicrophone<Microphone2>, 26},
+    {"Input_AUX", "AUX", makeStereo<Stereo, scaleAux>, 0},       {"Input_BT", "BT", makeStereo<Stereo, scaleLine>, -6},
+    {"Input_OTGIN", "OTG IN", makeStereo<Stereo, scaleLine>, 0},
+};
+
+/// With the effect return, which a page without one leaves out.
+template<class Microphones, class Pair>
+inline constexpr MixerRow kStudioMixers[]{
+    {"Mixer_IN12", "IN 1+2", makeStrip<MixerBase, Microphones>, nullptr},
+    {"Mixer_AUX", "AUX", makeStrip<MixerBase, Pair>, u"Input_AUX"},
+    {"Mixer_BT", "BT", makeStrip<MixerBase, Pair>, u"Input_BT"},
+    {"Mixer_OTGIN", "OTG IN", makeStrip<MixerBase, Pair>, u"Input_OTGIN"},
+    {"Mixer_FX", "FX", makeStrip<MixerBase, Pair>, u"Effect"},
+    {"Mixer_PB12", "Playback 1/2", makeStrip<MixerBase, Pair>, u"Playback 1/2"},
+    {"Mixer_PB34", "Playback 3/4", makeStrip<MixerBase, Pair>, u"Playback 3/4"},
+    {"Mixer_PB56", "Playback 5/6", makeStrip<MixerBase, Pair>, u"Playback 5/6"},
+    {"Mixer_PB78", "Playback 7/8", makeStrip<MixerBase, Pair>, u"Playback 7/8"},
+    {"Mixer_PB910", "Playback 9/10", makeStrip<MixerBase, Pair>, u"Playback 9/10"},
+};
+
+template<class Headphones, class Otg>
+inline constexpr OutputRow kStudioOutputs[]{
+    {"Output_HP", "HP OUT", makeStrip<OutputBase, Headphones>, scaleAux, -38, u"Mix B"},
+    {"Output_OTGOUT", "OTG OUT", makeStrip<OutputBase, Otg>, scaleLine, 0, u"Mix C"},
+};
+
 } // namespace quillon
