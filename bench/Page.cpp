@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -64,10 +65,8 @@ Load measured(Unit& unit, Repaints& repaints, const std::function<void()>& load)
 
 void addLoads(QJsonObject& figures, const QString& name, const std::vector<Load>& loads)
 {
-    std::vector<std::int64_t> times;
-    for (const Load& load : loads) {
-        times.push_back(load.ns);
-    }
+    std::vector<std::int64_t> times(loads.size());
+    std::ranges::transform(loads, times.begin(), &Load::ns);
     addPercentiles(figures, name, times);
     figures[name + u"_frames"_s] = loads.back().frames;
     figures[name + u"_repaints"_s] = std::ranges::max(loads, {}, &Load::repaints).repaints;
