@@ -99,6 +99,7 @@ public:
         } else if (mPage == quillon::PageTyro) {
             mValues["4307"] = flag(u"ConfigMenuTyro"_s, u"DuckingSwitch"_s);
         }
+        dropHidden();
         return mValues;
     }
     /// Keys that the file ought to have and has not.
@@ -136,6 +137,8 @@ private:
                                            {"IN12", "IN 1+2"},
                                            {"OTGIN", "OTG IN"},
                                            {"OTGOUT", "OTG OUT"},
+                                           {"Integration", "Effect_Integration"},
+                                           {"", object == u"ConfigMenuTyro"_s ? u"ConfigMenu"_s : object},
                                            {"HP", mPage == quillon::PageTyro ? "HP" : "HP OUT"}};
         return names.value(name, name);
     }
@@ -154,10 +157,12 @@ private:
         for (int i = 0; i < 5; ++i) {
             const QString strip = QLatin1StringView(kStrips[i]);
             const QString block = QLatin1StringView(blocks[i]);
-            if (i == 0) {
+            // One that is put away is told no more than that it is silent.
+            const bool shown = isShown(strip, field);
+            if (shown && i == 0) {
                 mValues[block + u"02"_s] = QStringList{"", "Mic1", "Mic35", "MicHP"}.indexOf(at(strip, u"MIC"_s).toString());
             }
-            if (i < 2) {
+            if (shown && i < 2) {
                 mValues[block + u"03"_s] = flag(strip, u"48V"_s);
             }
             if (mPage == quillon::PageProf) {
@@ -165,7 +170,7 @@ private:
             }
             const bool mute = flag(strip, u"MUTE"_s);
             mValues[block + u"04"_s] = wireGain(strip, number(strip, u"GAIN"_s));
-            mValues[block + u"05"_s] = !isShown(strip, field) || (solo ? !flag(strip, u"SOLO"_s) : mute);
+            mValues[block + u"05"_s] = !shown || (solo ? !flag(strip, u"SOLO"_s) : mute);
         }
     }
     void addMixers()
@@ -328,6 +333,25 @@ private:
             mValues[QString::number(code++, 16)] = bits;
         }
         mValues["4307"] = flag(object, u"DuckingSwitch"_s);
+    }
+    /// An effect that is put away is not told, neither off nor on.
+    void dropHidden()
+    {
+        const auto drop = [this](const char* object, const char* field, const char* codes) {
+            if (!isShown(QLatin1StringView(object), QLatin1StringView(field))) {
+                const QRegularExpression gone(QRegularExpression::anchoredPattern(QLatin1StringView(codes)));
+                mValues.removeIf([&gone](const auto& value) { return gone.match(value.key()).hasMatch(); });
+            }
+        };
+        if (mPage == quillon::PageTyro) {
+            drop("Effect", "FieldBottom", "440.|3[1-6](09|0a|13|14)");
+            drop("ConfigMenuTyro", "FieldBottom", "4307");
+        } else if (mPage == quillon::PageMble) {
+            drop("Effect_NC", "FieldEffect", "440[67]");
+            drop("Effect_Reverb", "FieldEffect", "440[89ab]");
+        } else if (mPage == quillon::PageLive) {
+            drop("Effect_Integration", "FieldEffect", "440.");
+        }
     }
     void putAll(const bench::Values& values)
     {

@@ -1,20 +1,17 @@
 // Every control of every page, moved as a user moves it: the device is told what that means, each value once, and nothing else.
 // A control without a rule here is a failure.
 
+#include "PageHands.h"
 #include "PageOnWire.h"
 
+#include "controls/MessageBoxS3M1.h"
 #include "controls/ToolButtonS1M1.h"
 #include "device/USBAudioAPI.h"
 #include "device/USBHIDAPI.h"
 #include "resources/Resources.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QDir>
-#include <QListView>
-#include <QMenu>
-#include <QScrollBar>
-#include <QSplitterHandle>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -51,7 +48,11 @@ const Rule kRules[]{
     {"ML", "Ducking/.*Ducking_IN.*pushButtonClose", Hidden, "never shown"},
     {"MLEP", ".*(QSplitterHandle|QScrollBar|PageLiveSplitter.*|PageMbleSplitter.*|PageProfSplitter.*)", Silent,
      "room on the screen"},
-    {"MLEP", ".*FieldHead/.*", Foreign, "workspaces and driver; asks before it downloads"},
+    {"MLEP", "FieldHead/(SampleRate|BufferSize)", Silent, "the driver's"},
+    {"MLP", "FieldHead/WorkspaceSave", Silent, "writes the file"},
+    {"MLP", "FieldHead/WorkspaceDownload", Exact, "1105 1"},
+    {"MLEP", "FieldHead/SystemSettings", Silent, "opens the settings"},
+    {"MLP", "FieldHead/Workspace", Foreign, "opens another workspace"},
     {"E", "ConfigMenuTyro/.*Professional", Foreign, "opens another page"},
     {"MLP", "(?!Ducking).*[dD]ial\\w*/QLineEdit", Hidden, "the dials of strips are not typed into"},
     // Strips that stand for others.
@@ -115,29 +116,6 @@ const Rule kRules[]{
     {"ML", "Ducking/.*pushButtonIN2.*", Told, "4306"},
 };
 
-/// Whoever looks for it finds it by this: "Input_IN1/widgetPushButtonGroup1/PushButton48V", from the strip or field down.
-QString pathOf(const QWidget* widget)
-{
-    static const QRegularExpression owner("^(Input_|Mixer_|Loopback_|Output_|Effect|Field|ConfigMenu)\\w*$|^Ducking$");
-    QStringList names;
-    for (; widget; widget = widget->parentWidget()) {
-        const bool named = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
-        if (named || names.isEmpty()) {
-            names.prepend(named ? widget->objectName() : QString::fromLatin1(widget->metaObject()->className()));
-        }
-        if (widget->objectName().contains(owner)) {
-            break;
-        }
-    }
-    return names.join(u'/');
-}
-
-bool isInteractive(const QWidget* widget)
-{
-    return widget->focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(widget) ||
-           qobject_cast<const QSplitterHandle*>(widget);
-}
-
 const Rule* ruleOf(char page, const QString& path)
 {
     for (const Rule& rule : kRules) {
@@ -150,19 +128,6 @@ const Rule* ruleOf(char page, const QString& path)
 }
 
 using Gesture = std::function<void()>;
-
-void typeInto(QLineEdit* editor, const QString& text)
-{
-    editor->selectAll();
-    QTest::keyClicks(editor, text);
-    QTest::keyClick(editor, Qt::Key_Return);
-}
-
-quillon::ValueControl* valueOf(QWidget* widget)
-{
-    auto* host = dynamic_cast<quillon::ValueControlHost*>(widget);
-    return host ? &host->valueControl() : nullptr;
-}
 
 /// Everything a hand can do with it.
 QList<Gesture> gestures(QWidget* widget)
@@ -199,6 +164,10 @@ QList<Gesture> gestures(QWidget* widget)
                 all << [=] { action->trigger(); } << [=] { action->trigger(); };
             }
         }
+    } else if (qobject_cast<QComboBox*>(widget)) {
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+            all << [=] { move(widget, Hand::Key, key); };
+        }
     } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
         all << [=] { move(widget, Hand::Click, 0); } << [=] { move(widget, Hand::Space, 0); };
         all << [=] { button->click(); } << [=] { move(widget, Hand::Click, 0); };
@@ -225,6 +194,7 @@ private:
     QTemporaryDir mFolder;
     std::unique_ptr<Console> mConsole;
     PageId mPage = quillon::PageLive;
+    bool mAsked = false;
     qsizetype mTold = 0; // frames of the control that is moved
 };
 
@@ -306,6 +276,13 @@ QStringList tst_every_control::press(const QString& path, const Rule& rule, QWid
     mTold = 0;
     auto* button = qobject_cast<QAbstractButton*>(widget);
     if (rule.kind == Exact) {
+        if (path.endsWith(u"WorkspaceDownload")) {
+            return check(path, rule, [this, button] {
+                mAsked = false;
+                move(button, Hand::Click, 0);
+                QTRY_VERIFY(mAsked);
+            });
+        }
         return check(path, rule, [button] { move(button, Hand::Click, 0); }) +
                check(path, rule, [button] { move(button, Hand::Space, 0); });
     }
@@ -392,25 +369,22 @@ void tst_every_control::isHeardOnce()
         ducking->show();
     }
     QTest::qWait(50);
-    // Whoever asks is told no.
+    // Whoever asks is told no; but for the workspace bar, which is told to send to the device only.
     QTimer user;
-    connect(&user, &QTimer::timeout, this, [] {
-        if (QWidget* dialog = QApplication::activeModalWidget()) {
-            dialog->close();
+    connect(&user, &QTimer::timeout, this, [this] {
+        for (auto* question : mConsole->window().findChildren<MessageBoxS3M1*>()) {
+            if (question->isVisible()) {
+                mAsked = true;
+                question->done(4);
+                return;
+            }
+        }
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            modal->close();
         }
     });
     user.start(5);
-    const auto controls = [&] {
-        QList<QWidget*> all = mConsole->window().findChild<QStackedWidget*>()->currentWidget()->findChildren<QWidget*>();
-        if (ducking->isVisible()) {
-            all += ducking->findChildren<QWidget*>();
-        }
-        // Menus, lists and questions come and go.
-        all.removeIf([&](QWidget* widget) {
-            return !isInteractive(widget) || (widget->window() != &mConsole->window() && widget->window() != ducking);
-        });
-        return all;
-    };
+    const auto controls = [&] { return controlsOf(mConsole->window()); };
     QSet<QString> open; // not yet moved
     QStringList wrong;
     for (QWidget* widget : controls()) {
