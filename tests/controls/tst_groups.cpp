@@ -317,6 +317,21 @@ private slots:
         }
     }
 
+    void wordsFitWhatWasHidden_data() { memberRows(); }
+    /// Widgets that are hidden hear of their size only when they are shown.
+    void wordsFitWhatWasHidden()
+    {
+        FETCH_PANEL(panel);
+        const QSize large(panel.shape.width * 4, panel.shape.height * 4);
+        panel.face->resize(large);
+        const int shown = panel.button(0)->font().pixelSize();
+        panel.face->resize(large / 4);
+        panel.face->hide();
+        panel.face->resize(large);
+        panel.face->show();
+        QCOMPARE(panel.button(0)->font().pixelSize(), shown);
+    }
+
     void keyboardAndAssistants_data() { memberRows(); }
     /// The order of Tab, and what a reader hears: which strip, which button, of what kind, on or off.
     void keyboardAndAssistants()
