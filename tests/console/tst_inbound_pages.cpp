@@ -443,6 +443,15 @@ void TestInboundPages::eachReportMovesWhatItNames()
             return;
         }
     }
+    // What has come last is in the page's own file.
+    WorkspaceSubject::instance().saveWorkspace();
+    const PageRow& row = *pageRow(kPages[page]);
+    const QFileInfoList files = QDir(QLatin1StringView(row.folder)).entryInfoList({u"*.ini"_s});
+    QCOMPARE(files.size(), 1);
+    const QSettings stored(files.first().filePath(), QSettings::IniFormat);
+    for (const auto& [strip, gainDb] : {std::pair{u"Input_IN1"_s, 60}, {u"Input_IN2"_s, 60}, {u"Input_AUX"_s, -11}}) {
+        QCOMPARE(stored.value(strip + u"/GAIN"_s).toInt(), gainDb);
+    }
 }
 
 void TestInboundPages::loopbacksShowTheirSource()
