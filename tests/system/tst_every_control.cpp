@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QStandardPaths>
 #include <QTimer>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using quillon::PageId;
@@ -191,9 +192,10 @@ private:
     QStringList press(const QString& path, const Rule& rule, QWidget* widget);
     QStringList closeAndAdd(char page, const QString& path, QWidget* close, QSet<QString>& open);
 
-    QTemporaryDir mFolder;
+    QTemporaryDir mFolder{wire::quickFolder()};
     std::unique_ptr<Console> mConsole;
     PageId mPage = quillon::PageLive;
+    wire::Values mWorkspace; // after the last movement
     bool mAsked = false;
     qsizetype mTold = 0; // frames of the control that is moved
 };
@@ -227,11 +229,11 @@ void tst_every_control::init()
 /// Moves it and compares what was told with what the workspace then says. Returns what is wrong.
 QStringList tst_every_control::check(const QString& path, const Rule& rule, const Gesture& gesture)
 {
-    const wire::Values before = wire::workspaceSays(mPage);
+    const wire::Values before = std::exchange(mWorkspace, {});
     mConsole->sent();
     gesture();
     const QStringList frames = mConsole->sent();
-    const wire::Values after = wire::workspaceSays(mPage);
+    const wire::Values after = mWorkspace = wire::workspaceSays(mPage);
     mTold += frames.size();
     if (rule.kind == Exact) {
         return frames == QStringList{QLatin1StringView(rule.frames)} ? QStringList()
@@ -295,6 +297,7 @@ QStringList tst_every_control::press(const QString& path, const Rule& rule, QWid
         for (auto* other : widget->parentWidget()->findChildren<QAbstractButton*>()) {
             if (other != button && other->isVisible() && other->isCheckable()) {
                 other->click();
+                mWorkspace = wire::workspaceSays(mPage);
                 break;
             }
         }
@@ -360,7 +363,7 @@ void tst_every_control::isHeardOnce()
     mConsole = std::make_unique<Console>(QStringList{"--rate", "0", "--mode", QString::number(mode)});
     QCOMPARE(mConsole->window().pageId(), page);
     QStringList missing;
-    const wire::Values initial = wire::workspaceSays(mPage, &missing);
+    const wire::Values initial = mWorkspace = wire::workspaceSays(mPage, &missing);
     QCOMPARE(missing, QStringList());
     QCOMPARE(wire::differences(wire::deviceSays(*mConsole, initial), initial), QStringList());
 
@@ -431,6 +434,7 @@ void tst_every_control::isHeardOnce()
                 button->click();
             }
         }
+        mWorkspace = wire::workspaceSays(mPage);
     }
     QCOMPARE(wrong.join(u'\n'), QString());
     QCOMPARE(open.values().join(u'\n'), QString());

@@ -140,7 +140,7 @@ private slots:
     void afterTenThousandEvents();
 
 private:
-    QTemporaryDir mFolder;
+    QTemporaryDir mFolder{wire::quickFolder()};
 };
 
 void tst_nothing_lost::initTestCase()
