@@ -4,19 +4,39 @@
 #include "app/AppSettingsSubject.h"
 #include "console/MainWindow_R47.h"
 #include "controls/ValueControl.h"
+#include "device/USBAudioAPI.h"
+#include "device/USBHIDAPI.h"
+#include "resources/Resources.h"
 #include "tests/virtual/RunningR47.h"
 #include "workspace/WorkspaceSubject.h"
 
+#include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QWheelEvent>
 #include <memory>
 
 inline constexpr const char* kStrips[] = {"Input_IN1", "Input_IN2", "Input_AUX", "Input_BT", "Input_OTGIN"};
+
+/// Once in a test program: the driver is registered and both libraries are loaded.
+inline void loadLibraries()
+{
+    quillon::initResources();
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    QVERIFY(QDir().mkpath(config));
+    QFile registration(config + "/TUSBAUDIO.conf");
+    QVERIFY(registration.open(QIODevice::WriteOnly));
+    registration.write("[CLSID]\n{E97E1508-2A66-4DF8-B7A7-32D6E5FCBA46}\\InprocServer32=" R47DRIVER "\n");
+    registration.close();
+    AppSettingsSubject::instance();
+    USBHIDAPI::instance().init();
+    QVERIFY(USBAudioAPI::instance().Init());
+}
 
 class Console
 {

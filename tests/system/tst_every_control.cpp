@@ -6,13 +6,9 @@
 
 #include "controls/MessageBoxS3M1.h"
 #include "controls/ToolButtonS1M1.h"
-#include "device/USBAudioAPI.h"
-#include "device/USBHIDAPI.h"
-#include "resources/Resources.h"
 
 #include <QComboBox>
 #include <QDir>
-#include <QStandardPaths>
 #include <QTimer>
 #include <utility>
 
@@ -202,16 +198,7 @@ private:
 
 void tst_every_control::initTestCase()
 {
-    quillon::initResources();
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    QVERIFY(QDir().mkpath(config));
-    QFile registration(config + "/TUSBAUDIO.conf");
-    QVERIFY(registration.open(QIODevice::WriteOnly));
-    registration.write("[CLSID]\n{E97E1508-2A66-4DF8-B7A7-32D6E5FCBA46}\\InprocServer32=" R47DRIVER "\n");
-    registration.close();
-    AppSettingsSubject::instance();
-    USBHIDAPI::instance().init();
-    QVERIFY(USBAudioAPI::instance().Init());
+    loadLibraries();
 }
 
 void tst_every_control::init()

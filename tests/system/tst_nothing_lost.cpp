@@ -5,12 +5,8 @@
 #include "PageOnWire.h"
 
 #include "controls/ToolButtonS1M1.h"
-#include "device/USBAudioAPI.h"
-#include "device/USBHIDAPI.h"
-#include "resources/Resources.h"
 
 #include <QDir>
-#include <QStandardPaths>
 #include <QTimer>
 
 using quillon::PageId;
@@ -145,16 +141,7 @@ private:
 
 void tst_nothing_lost::initTestCase()
 {
-    quillon::initResources();
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    QVERIFY(QDir().mkpath(config));
-    QFile registration(config + "/TUSBAUDIO.conf");
-    QVERIFY(registration.open(QIODevice::WriteOnly));
-    registration.write("[CLSID]\n{E97E1508-2A66-4DF8-B7A7-32D6E5FCBA46}\\InprocServer32=" R47DRIVER "\n");
-    registration.close();
-    AppSettingsSubject::instance();
-    USBHIDAPI::instance().init();
-    QVERIFY(USBAudioAPI::instance().Init());
+    loadLibraries();
 }
 
 void tst_nothing_lost::afterTenThousandEvents_data()

@@ -14,7 +14,6 @@
 #include "tests/strips/RouteBench.h"
 
 #include <QDir>
-#include <QStandardPaths>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -288,16 +287,7 @@ private:
 
 void tst_pages_on_device::initTestCase()
 {
-    quillon::initResources();
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    QVERIFY(QDir().mkpath(config));
-    QFile registration(config + "/TUSBAUDIO.conf");
-    QVERIFY(registration.open(QIODevice::WriteOnly));
-    registration.write("[CLSID]\n{E97E1508-2A66-4DF8-B7A7-32D6E5FCBA46}\\InprocServer32=" R47DRIVER "\n");
-    registration.close();
-    AppSettingsSubject::instance();
-    USBHIDAPI::instance().init();
-    QVERIFY(USBAudioAPI::instance().Init());
+    loadLibraries();
     QVERIFY(QDir::setCurrent(mFolder.path()));
 }
 
