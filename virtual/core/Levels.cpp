@@ -210,8 +210,8 @@ std::array<Meter, kMeterCount> readMeters(const Levels& levels, int workMode)
     constexpr std::uint16_t kMixes[] = {0x3115, 0x3315, 0x3515, 0x3715, 0x3B15};
     for (std::size_t bus = 0; bus < 5; ++bus)
         putStereo(kMixes[bus], std::uint16_t(kMixes[bus] + 0x100), levels.mix[bus]);
-    // Mobile mode has one playback and one recording fader, which are loopback gains; their levels take the first playback codes. The
-    // console adds the gains of what it records and plays itself, so these levels are before their faders.
+    // Mobile mode has one playback and one recording fader, which are loopback gains; their levels take the first playback codes.
+    // The console adds the gains of what it records and plays itself, so these levels are before their faders.
     putStereo(0x3901, 0x3902, workMode == 1 ? levels.loopback[1] : source(PB12L));
     putStereo(0x3903, 0x3904, workMode == 1 ? levels.mix[0] : source(PB34L));
     putStereo(0x3905, 0x3906, source(PB56L));
