@@ -1,5 +1,8 @@
 #pragma once
 
+#include "controls/PushButtons.h"
+#include "controls/VolumeMeterS1M4.h"
+#include "controls/VolumeMeterS1M5.h"
 #include "strips/AutoGainLink.h"
 #include "strips/GainScale.h"
 #include "strips/PlainStrip.h"
@@ -48,6 +51,8 @@ protected:
     template<class Meter> Meter* addMeter(Meter* meter, const char* childName, const quillon::Place& place);
     /// A meter of one side. One with a second bar shows the level behind the gain on it.
     template<class Meter> Meter* addSide(bool right, Meter* meter, const char* childName, const quillon::Place& place);
+    /// A fader in whole height between the meters of both sides, and the mute below them.
+    template<class Fader> void addFaderColumn();
     template<class Panel> Panel* addPanel(Panel* panel, const char* childName, const quillon::Place& place);
     /// Declares the rows of what was added. gains: the attributes of the gain; without one, gain and mute are only kept, and the
     /// member declares behind this call what it sends of them.
@@ -128,6 +133,15 @@ template<class Meter> Meter* OriginBase::addSide(bool right, Meter* meter, const
     body().adopt(port, childName, place,
                  right ? quillon::StripText{"Level right", "右电平"} : quillon::StripText{"Level left", "左电平"});
     return meter;
+}
+
+template<class Fader> void OriginBase::addFaderColumn()
+{
+    const auto upright = [](float x, float width) { return quillon::Place{x, 3.0F, width, 72.0F, quillon::From::NameRow}; };
+    addSide(false, new VolumeMeterS1M4(this), "widgetMeterLeft", upright(4.0F, 29.0F))->setWidthRatio(43, 8, 20, 15, 14);
+    addGain(new Fader(this), "widgetVSlider", upright(34.0F, 32.0F))->setMinusInfinity(true);
+    addSide(true, new VolumeMeterS1M5(this), "widgetMeterRight", upright(67.0F, 29.0F))->setWidthRatio(43, 8, 20, 15, 14);
+    addPanel(new PushButtonS1M7(this), "widgetPushButton", {30.0F, 87.0F, 40.0F, 0.0F});
 }
 
 template<class PanelType> PanelType* OriginBase::addPanel(PanelType* panel, const char* childName, const quillon::Place& place)

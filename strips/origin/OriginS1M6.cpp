@@ -1,18 +1,10 @@
 #include "strips/origin/OriginS1M6.h"
 
-#include "controls/PushButtons.h"
 #include "controls/VSliderS1M2.h"
-#include "controls/VolumeMeterS1M4.h"
-#include "controls/VolumeMeterS1M5.h"
 
 OriginS1M6::OriginS1M6(const QString& objectName, QWidget* parent) : OriginBase({80, 220}, objectName, parent)
 {
-    addSide(false, new VolumeMeterS1M4(this), "widgetMeterLeft", {4.0F, 3.0F, 29.0F, 72.0F, quillon::From::NameRow})
-        ->setWidthRatio(43, 8, 20, 15, 14);
-    addGain(new VSliderS1M2(this), "widgetVSlider", {34.0F, 3.0F, 32.0F, 72.0F, quillon::From::NameRow})->setMinusInfinity(true);
-    addSide(true, new VolumeMeterS1M5(this), "widgetMeterRight", {67.0F, 3.0F, 29.0F, 72.0F, quillon::From::NameRow})
-        ->setWidthRatio(43, 8, 20, 15, 14);
-    addPanel(new PushButtonS1M7(this), "widgetPushButton", {30.0F, 87.0F, 40.0F, 0.0F});
+    addFaderColumn<VSliderS1M2>();
     declare();
     setGainRange(quillon::scaleAux);
 }
