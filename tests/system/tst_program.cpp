@@ -43,11 +43,11 @@ void tst_program::silentDeviceIsGreetedTenTimes()
     QVERIFY(eventually([&] { return stage.unit().ask("count 1101").toInt() == 11; }, 12000 * kPatience));
     const auto hellos = stage.sentAt();
     QCOMPARE(stage.sent(), QStringList(11, "1101 1"));
-    const double tolerance = 0.12 * kPatience;
     for (int i = 1; i <= 10; ++i) {
         const double seconds = double(hellos[i].first - hellos[i - 1].first) / 1e6;
-        const double wanted = i < 10 ? 0.5 : 0.5 + 2.0;
-        QVERIFY2(std::abs(seconds - wanted) < tolerance, qPrintable(QString("%1: %2 s").arg(i).arg(seconds)));
+        const double late = seconds - (i < 10 ? 0.5 : 0.5 + 2.0);
+        const double latest = (i < 10 ? 0.12 : 0.5) * kPatience; // the last one comes from a console that is built for it
+        QVERIFY2(late > -0.12 * kPatience && late < latest, qPrintable(QString("%1: %2 s").arg(i).arg(seconds)));
     }
     stage.mark();
     stage.unit().ask("silence off");
