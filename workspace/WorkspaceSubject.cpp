@@ -66,6 +66,10 @@ void WorkspaceSubject::addObservers(const QList<WorkspaceObserver*>& observers)
 
 void WorkspaceSubject::clearObservers()
 {
+    // Who leaves the audience must not write into the next page's workspace: a switch of the device reaches widgets of all pages.
+    for (WorkspaceObserver* observer : std::as_const(mObservers)) {
+        observer->setSettingsHolder(nullptr);
+    }
     mObservers.clear();
 }
 

@@ -230,6 +230,20 @@ private slots:
         }
     }
 
+    void whoLeftTheAudienceWritesNowhere()
+    {
+        mStore->make(u"w"_s, "2024-01-01 00:00:00", 1);
+        subject().modifyWorkspace(u"w"_s, 0);
+        subject().clearObservers();
+        mStore->strip.saveValue("GAIN", 9);
+        subject().saveWorkspace();
+        QCOMPARE(mStore->stored(u"w"_s), 1);
+        subject().addObserver(&mStore->strip);
+        mStore->strip.saveValue("GAIN", 9);
+        subject().saveWorkspace();
+        QCOMPARE(mStore->stored(u"w"_s), 9);
+    }
+
     void namesNewOnes()
     {
         QCOMPARE(quillon::uniqueName(u"tour"_s, {u"Tour"_s}), u"tour"_s);
