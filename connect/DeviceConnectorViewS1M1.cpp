@@ -20,8 +20,6 @@ using namespace quillon;
 namespace
 {
 
-constexpr int kUpdatePage = 6;
-constexpr int kProgressPage = 8;
 constexpr int kSmallerBy = 4;   // points that details and check boxes stay below the rest
 constexpr int kLeastPoints = 4; // what the font helpers give at least
 // A smaller line stops here: below it, the strokes of a Chinese glyph run together.
@@ -248,7 +246,7 @@ void DeviceConnectorViewS1M1::setLanguage(QString language)
 
 void DeviceConnectorViewS1M1::setVersions(QString current, QString available)
 {
-    buildPage(kUpdatePage);
+    buildPage(PageUpdateOffered);
     const bool chinese = mLanguage == u"Chinese"_s;
     setText("Page6Label1"_L1, (chinese ? u"最新版本 : V"_s : u"Available version : V"_s) + versionText(available));
     setText("Page6Label2"_L1, (chinese ? u"当前版本 : V"_s : u"Current version : V"_s) + versionText(current));
@@ -256,20 +254,20 @@ void DeviceConnectorViewS1M1::setVersions(QString current, QString available)
 
 void DeviceConnectorViewS1M1::setProgressText(QString text)
 {
-    buildPage(kProgressPage);
+    buildPage(PageProgress);
     setText("Page8Label1"_L1, text);
     mProgress->setAccessibleName(text);
 }
 
 void DeviceConnectorViewS1M1::setProgressValue(int value)
 {
-    buildPage(kProgressPage);
+    buildPage(PageProgress);
     mProgress->setValue(qBound(mProgress->minimum(), value, mProgress->maximum()));
 }
 
 void DeviceConnectorViewS1M1::setProgressMessage(QString text)
 {
-    buildPage(kProgressPage);
+    buildPage(PageProgress);
     setText("Page8Label2"_L1, text);
 }
 

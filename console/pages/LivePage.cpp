@@ -49,8 +49,10 @@ void buildLivePage(PageKit& kit)
     buildOutputs(kit, kRouting, *mixes, kStudioOutputs<OutputS1M1, OutputS1M1>);
 
     kit.addMenu(new R47_PrivateWidget2(u"ConfigMenuLive"_s));
-    kit.addMicrophone(inputs[0], ConsoleLinks::In1, true);
-    kit.addMicrophone(inputs[1], ConsoleLinks::In2, true);
+    kit.addEqualizer(inputs[0], ConsoleLinks::In1);
+    kit.addDucking(inputs[0]);
+    kit.addEqualizer(inputs[1], ConsoleLinks::In2);
+    kit.addDucking(inputs[1]);
     auto* microphones = mixes->findChild<MixerS1M3*>();
     linkBalance(kit, inputs[0], microphones, &MixerS1M3::setBalanceLeft);
     linkBalance(kit, inputs[1], microphones, &MixerS1M3::setBalanceRight);

@@ -85,8 +85,10 @@ void buildMobilePage(PageKit& kit)
     outputField->setWidgetList(outputs);
 
     kit.addMenu(new R47_PrivateWidget2(u"ConfigMenuMble"_s));
-    kit.addMicrophone(static_cast<OriginBase*>(inputs[0]), ConsoleLinks::In1, true);
-    kit.addMicrophone(static_cast<OriginBase*>(inputs[1]), ConsoleLinks::In2, true);
+    kit.addEqualizer(static_cast<OriginBase*>(inputs[0]), ConsoleLinks::In1);
+    kit.addDucking(static_cast<OriginBase*>(inputs[0]));
+    kit.addEqualizer(static_cast<OriginBase*>(inputs[1]), ConsoleLinks::In2);
+    kit.addDucking(static_cast<OriginBase*>(inputs[1]));
     kit.report(u"Output_OTGOUT", u"Plug", inputs[4]->deviceSetter(u"Plug"));
     linkToLoopback(kit, inputs.last(), u"Loopback_LB34"_s);
     linkToLoopback(kit, outputs.last(), u"Loopback_LB12"_s);

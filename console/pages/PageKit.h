@@ -110,15 +110,17 @@ public:
     {
         mRouter.bind(mPage.row().id, object, attribute, setter);
     }
-    /// The way of a microphone strip to the ducking panel and to its equalizer, and back.
-    template<class Strip> void addMicrophone(Strip* strip, ConsoleLinks::Channel channel, bool ducks)
+    /// The way of a strip to its equalizer, and back.
+    template<class Strip> void addEqualizer(Strip* strip, ConsoleLinks::Channel channel)
     {
-        link(strip, QStringLiteral("EQ"), [this_ = &mLinks, channel](const QString& value) { this_->equalizer[channel](value); });
+        link(strip, QStringLiteral("EQ"), [&links = mLinks, channel](const QString& value) { links.equalizer[channel](value); });
         mLinks.equalizerLamps[channel].push_back([strip](bool on) { strip->setEQ(on); });
-        if (ducks) {
-            link(strip, QStringLiteral("DUCKING"), [this_ = &mLinks](const QString& value) { this_->ducking(value); });
-            mLinks.duckingLamps.push_back([strip](bool on) { strip->setDUCKING(on); });
-        }
+    }
+    /// The way of a microphone strip to the ducking panel, and back.
+    template<class Strip> void addDucking(Strip* strip)
+    {
+        link(strip, QStringLiteral("DUCKING"), [&links = mLinks](const QString& value) { links.ducking(value); });
+        mLinks.duckingLamps.push_back([strip](bool on) { strip->setDUCKING(on); });
     }
 
 private:

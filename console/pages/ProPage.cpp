@@ -30,12 +30,10 @@ void buildProPage(PageKit& kit)
     const QList<OutputBase*> outputs = buildOutputs(kit, kRouting, *mixes, kStudioOutputs<OutputS1M4, OutputS1M3>);
 
     kit.addMenu(new R47_PrivateWidget5(u"ConfigMenuProf"_s));
-    kit.addMicrophone(inputs[0], ConsoleLinks::In1, false);
-    kit.addMicrophone(inputs[1], ConsoleLinks::In2, false);
+    kit.addEqualizer(inputs[0], ConsoleLinks::In1);
+    kit.addEqualizer(inputs[1], ConsoleLinks::In2);
     auto* headphones = static_cast<OutputS1M4*>(outputs[0]);
-    kit.link(headphones, u"EQ"_s,
-             [&links = kit.links()](const QString& value) { links.equalizer[ConsoleLinks::Headphones](value); });
-    kit.links().equalizerLamps[ConsoleLinks::Headphones].push_back([headphones](bool on) { headphones->setEQ(on); });
+    kit.addEqualizer(headphones, ConsoleLinks::Headphones);
     // Its equalizer reports the same two levels.
     kit.report(u"EQ_HP", u"MeterLeft", headphones->deviceSetter(u"MeterLeft"));
     kit.report(u"EQ_HP", u"MeterRight", headphones->deviceSetter(u"MeterRight"));
