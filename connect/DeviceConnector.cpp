@@ -5,7 +5,7 @@
 #include "app/GlobalFont.h"
 #include "connect/DeviceConnectorViewS1M1.h"
 #include "connect/Registry.h"
-#include "connect/UpdateGateway.h"
+#include "update/UpdateGateway.h"
 #include "console/MainWindow_Base.h"
 #include "device/USBAudioAPI.h"
 

@@ -3,7 +3,7 @@
 #include "connect/DeviceConnector.h"
 
 #include "connect/DeviceConnectorViewBase.h"
-#include "connect/UpdateGateway.h"
+#include "update/UpdateGateway.h"
 
 #include <QScopedValueRollback>
 #include <QSettings>

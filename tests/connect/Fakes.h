@@ -1,7 +1,7 @@
 #pragma once
 // A driver, a HID device, a console window and an update host that do what a test tells them.
 
-#include "connect/UpdateGateway.h"
+#include "update/UpdateGateway.h"
 #include "console/MainWindow_Base.h"
 #include "device/DeviceR47.h"
 #include "device/USBAudioAPI.h"

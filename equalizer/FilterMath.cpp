@@ -1,4 +1,4 @@
-#include "processing/equalizer/FilterMath.h"
+#include "equalizer/FilterMath.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "processing/equalizer/CurveSpline.h"
+#include "equalizer/CurveSpline.h"
 
 #include <algorithm>
 

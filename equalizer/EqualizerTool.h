@@ -1,6 +1,6 @@
 #pragma once
 
-#include "processing/equalizer/FilterMath.h"
+#include "equalizer/FilterMath.h"
 
 #include <QObject>
 

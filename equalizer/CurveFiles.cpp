@@ -1,4 +1,4 @@
-#include "processing/equalizer/CurveFiles.h"
+#include "equalizer/CurveFiles.h"
 
 #include <QDir>
 #include <QFileInfo>

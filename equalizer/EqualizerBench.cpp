@@ -1,9 +1,9 @@
 // What one turn of a dial costs the equalizer's curves, beside the plain way.
 
-#include "processing/equalizer/EqualizerBench.h"
+#include "equalizer/EqualizerBench.h"
 
 #include "bench/Figures.h"
-#include "processing/equalizer/EqualizerTool.h"
+#include "equalizer/EqualizerTool.h"
 
 namespace bench
 {

@@ -1,6 +1,6 @@
-#include "processing/equalizer/CurveFiles.h"
-#include "processing/equalizer/CurveSpline.h"
-#include "processing/equalizer/EqualizerTool.h"
+#include "equalizer/CurveFiles.h"
+#include "equalizer/CurveSpline.h"
+#include "equalizer/EqualizerTool.h"
 
 using namespace Qt::StringLiterals;
 

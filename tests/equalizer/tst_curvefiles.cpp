@@ -1,5 +1,5 @@
-#include "processing/equalizer/CurveFiles.h"
-#include "processing/equalizer/EqualizerTool.h"
+#include "equalizer/CurveFiles.h"
+#include "equalizer/EqualizerTool.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
-#include "processing/equalizer/CurveSpline.h"
-#include "processing/equalizer/EqualizerTool.h"
+#include "equalizer/CurveSpline.h"
+#include "equalizer/EqualizerTool.h"
 
 #include <QTest>
 

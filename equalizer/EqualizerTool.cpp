@@ -1,4 +1,4 @@
-#include "processing/equalizer/EqualizerTool.h"
+#include "equalizer/EqualizerTool.h"
 
 #include <algorithm>
 #include <cmath>
