@@ -16,6 +16,13 @@ namespace
 
 // clang-format off
 constexpr auto kRows = std::to_array<InboundRow>({
+    {0x1104, u"SettingsDevice", u"Brightness", InboundForm::Number},
+    {0x111A, u"SettingsDevice", u"Bluetooth", InboundForm::Number},
+    {0x111B, u"SettingsDevice", u"OtgDirection", InboundForm::Number},
+    {0x111C, u"SettingsDevice", u"UsbCCharging", InboundForm::Number},
+    {0x111E, u"SettingsDevice", u"AutoPoweroff", InboundForm::Number},
+    {0x1122, u"SettingsDevice", u"MainButtonSingle", InboundForm::Number},
+    {0x1123, u"SettingsDevice", u"MainButtonDouble", InboundForm::Number},
     {0x2101, u"Input_IN1", u"Meter", InboundForm::Level},
     {0x2102, u"Input_IN1", u"MIC", InboundForm::MicType},
     {0x2103, u"Input_IN1", u"48V", InboundForm::Flag},
@@ -84,9 +91,12 @@ constexpr auto kRows = std::to_array<InboundRow>({
     {0x9B0C, u"EQ_IN2", u"Meter", InboundForm::Level},
     {0x9B0F, u"EQ_IN1", u"Switch", InboundForm::Flag},
     {0x9B10, u"EQ_IN2", u"Switch", InboundForm::Flag},
+    {0x9B12, u"EQ_IN1", u"GainOutput", InboundForm::Plain},
+    {0x9B13, u"EQ_IN2", u"GainOutput", InboundForm::Plain},
     {0xAB0B, u"EQ_HP", u"MeterLeft", InboundForm::Level},
     {0xAB0C, u"EQ_HP", u"MeterRight", InboundForm::Level},
     {0xAB0F, u"EQ_HP", u"Switch", InboundForm::Flag},
+    {0xAB14, u"EQ_HP", u"GainInput", InboundForm::Plain},
 });
 // clang-format on
 
@@ -158,6 +168,7 @@ QVariant inboundValue(InboundForm form, std::int32_t value)
 {
     switch (form) {
     case InboundForm::Level:
+    case InboundForm::Number:
         return int{value};
     case InboundForm::Plain:
         return static_cast<float>(value);
@@ -177,6 +188,37 @@ QVariant inboundValue(InboundForm form, std::int32_t value)
         return reverbType(value);
     }
     return {};
+}
+
+InboundBand inboundBand(std::uint16_t code)
+{
+    constexpr int kBands = 10;
+    constexpr std::array<std::u16string_view, 5> kFields{u"Switch", u"Type", u"Gain", u"Freq", u"Q"};
+    const auto family = code >> 12;
+    const int band = code >> 8 & 0xF;
+    const auto field = static_cast<unsigned>((code & 0xFF) - 1);
+    if ((family != 0x9 && family != 0xA) || band < 1 || band > kBands || field >= 2 * kFields.size()) {
+        return {};
+    }
+    const bool right = field >= kFields.size();
+    if (family == 0xA && right) {
+        return {};
+    }
+    return {family == 0xA ? u"EQ_HP" : right ? u"EQ_IN2" : u"EQ_IN1", band, kFields[field % kFields.size()]};
+}
+
+QString inboundBandText(std::u16string_view attribute, std::int32_t value)
+{
+    if (attribute == u"Type") {
+        return QString::number(std::int64_t{value} - 1);
+    }
+    if (attribute == u"Gain") {
+        return QString::number(value / 10.0);
+    }
+    if (attribute == u"Q") {
+        return QString::number(value / 10000.0);
+    }
+    return QString::number(value);
 }
 
 } // namespace quillon

@@ -13,6 +13,7 @@ namespace quillon
 /// How the value of a report is read. The result type is what the console's setters take.
 enum class InboundForm : std::uint8_t {
     Level,      // int: tenths of a dB, 1 for clip
+    Number,     // int: the number itself
     Plain,      // float: the number itself
     Aux,        // float: deviceToGainAux
     Line,       // float: deviceToGainLine
@@ -36,5 +37,17 @@ std::span<const InboundRow> inboundRows();
 int inboundIndex(std::uint16_t code);
 /// The value of a report in the form of its row.
 QVariant inboundValue(InboundForm form, std::int32_t value);
+
+/// A field of an equalizer's band, as its window names it.
+struct InboundBand {
+    std::u16string_view equalizer; // "EQ_IN1", "EQ_IN2", "EQ_HP"; empty: the code is no band's
+    int band = 0;                  // 1 to 10
+    std::u16string_view attribute; // "Switch", "Type", "Gain", "Freq", "Q"
+};
+
+/// What band a code reports. The two sides of the headphones are one curve: only the left one speaks.
+InboundBand inboundBand(std::uint16_t code);
+/// The value of such a report as the band's control takes it: types count from 0, gain is in dB.
+QString inboundBandText(std::u16string_view attribute, std::int32_t value);
 
 } // namespace quillon

@@ -43,6 +43,7 @@ private slots:
     void reportsUseTheAddressesOfTheirParameters();
     void choicesComeBackAsTheyWent();
     void gainsComeBackAsTheyWent();
+    void bandsComeBackAsTheyWent();
     void everyParameterFindsItsOwnRow();
     void valueForms();
 };
@@ -75,7 +76,7 @@ void TestInbound::reportsUseTheAddressesOfTheirParameters()
             ++shared;
         }
     }
-    QCOMPARE(shared, 21);
+    QCOMPARE(shared, 28);
 }
 
 void TestInbound::choicesComeBackAsTheyWent()
@@ -83,7 +84,7 @@ void TestInbound::choicesComeBackAsTheyWent()
     int lists = 0;
     for (const InboundRow& row : inboundRows()) {
         const ParameterRow* setter = setterOf(row);
-        if (!setter || setter->choices.empty()) {
+        if (!setter || setter->choices.empty() || row.form == InboundForm::Number) {
             continue;
         }
         ++lists;
@@ -112,6 +113,27 @@ void TestInbound::gainsComeBackAsTheyWent()
     QCOMPARE(deviceToGainLine(99), 0.F);
     QCOMPARE(gainToDeviceAux(-9.8F), 61); // truncated, not rounded
     QCOMPARE(gainToDeviceAux(-86.5F), 1);
+}
+
+void TestInbound::bandsComeBackAsTheyWent()
+{
+    int known = 0;
+    for (int code = 0; code <= 0xFFFF; ++code) {
+        const InboundBand band = inboundBand(static_cast<std::uint16_t>(code));
+        if (band.equalizer.empty()) {
+            continue;
+        }
+        ++known;
+        const QString attribute = text(band.attribute);
+        QCOMPARE(int{bandCodes(text(band.equalizer), QString::number(band.band), attribute).first}, code);
+        QCOMPARE(inboundIndex(static_cast<std::uint16_t>(code)), -1);
+        for (const std::int32_t value : {-120, 0, 1, 35, 7070, 22000}) {
+            QCOMPARE(bandValue(attribute, inboundBandText(band.attribute, value)), value);
+        }
+    }
+    QCOMPARE(known, 3 * 10 * 5);
+    QCOMPARE(inboundBandText(u"Type", std::numeric_limits<int>::min()), u"-2147483649"_s); // no wrap to a real type
+    QCOMPARE(inboundBandText(u"Q", 7070), u"0.707"_s);
 }
 
 void TestInbound::everyParameterFindsItsOwnRow()
