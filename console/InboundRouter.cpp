@@ -2,6 +2,8 @@
 
 #include "device/InboundTable.h"
 
+#include <algorithm>
+
 namespace quillon
 {
 
@@ -64,8 +66,12 @@ void InboundRouter::add(PageId page, std::size_t row, const DeviceSetter& setter
 
 bool InboundRouter::route(int page, const Frame& frame) const
 {
-    const int index = inboundIndex(static_cast<std::uint16_t>(frame.code & 0xFFFF));
-    if (index < 0 || page < 0 || page >= PageCount) {
+    const auto code = static_cast<std::uint16_t>(frame.code & 0xFFFF);
+    const int index = inboundIndex(code);
+    if (index < 0) {
+        return routeBand(code, frame.value);
+    }
+    if (page < 0 || page >= PageCount) {
         return false;
     }
     const auto place = static_cast<std::size_t>(index);
@@ -79,6 +85,18 @@ bool InboundRouter::route(int page, const Frame& frame) const
         taken = call(setters[place], value) || taken;
     }
     return taken;
+}
+
+bool InboundRouter::routeBand(std::uint16_t code, std::int32_t value) const
+{
+    const InboundBand band = inboundBand(code);
+    const auto found = std::find_if(mBands.begin(), mBands.end(),
+                                    [&band](const auto& window) { return QStringView(window.first) == view(band.equalizer); });
+    if (found == mBands.end()) {
+        return false;
+    }
+    found->second(QString::number(band.band), view(band.attribute).toString(), inboundBandText(band.attribute, value));
+    return true;
 }
 
 } // namespace quillon

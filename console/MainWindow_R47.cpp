@@ -6,7 +6,6 @@
 #include "console/PageSize.h"
 #include "console/RecoveryPage.h"
 #include "console/StatusLine.h"
-#include "console/ducking/R47_PrivateWidget1.h"
 #include "console/head/FieldHeadS1M1.h"
 #include "console/head/FieldHeadS1M2.h"
 #include "console/pages/Pages.h"
@@ -39,8 +38,8 @@ float scaleFactor()
 } // namespace
 
 MainWindow_R47::MainWindow_R47(QWidget* parent)
-    : MainWindow_Base(parent), mStack(new QStackedWidget(this)), mRecovery(new RecoveryPage),
-      mDucking(new R47_PrivateWidget1(this)), mStatus(new StatusLine(*statusBar()))
+    : MainWindow_Base(parent), mStack(new QStackedWidget(this)), mRecovery(new RecoveryPage), mStatus(new StatusLine(*statusBar())),
+      mWindows(*this, mDevice, mRouter, mLinks)
 {
     mDevice.setUsbIdentity(kVendorId, kProductId);
     setObjectName(u"MainWindow_R47"_s);
@@ -104,8 +103,7 @@ void MainWindow_R47::buildPages()
         PageKit kit(*mPages[page], mDevice, mRouter, mLinks);
         build(kit);
     }
-    linkDucking();
-    linkSwitches();
+    mWindows.join(mPages);
 }
 
 template<class Head> Head* MainWindow_R47::addHead(PageId page)
@@ -117,60 +115,6 @@ template<class Head> Head* MainWindow_R47::addHead(PageId page)
     mPages[page]->setHead(head);
     mHeads.push_back(head);
     return head;
-}
-
-void MainWindow_R47::linkDucking()
-{
-    mDucking->setFont(GlobalFont::instance().font());
-    AppSettingsSubject::instance().addObserver(mDucking);
-    connect(mDucking, &R47_PrivateWidget1::attributeChanged, &mDevice, &DeviceR47::in_Others_attributeChanged,
-            Qt::UniqueConnection);
-    connect(mDucking, &R47_PrivateWidget1::attributeChanged, this,
-            [this](const QString&, const QString& attribute, const QString& value) {
-                if (attribute == u"DuckingSwitch"_s) {
-                    ConsoleLinks::show(mLinks.duckingLamps, value.toInt() != 0);
-                }
-            });
-    mLinks.ducking = [this](const QString& value) {
-        if (value == u"Show"_s) {
-            mDucking->show();
-            mDucking->QWidget::raise();
-            mDucking->activateWindow();
-        } else {
-            mDucking->setDuckingSwitch(value == u"On"_s, true, true);
-        }
-    };
-    for (const PageId id : {PageMble, PageLive}) {
-        mPages[id]->addObserver(mDucking);
-    }
-    for (const PageId id : {PageMble, PageLive, PageTyro, PageProf}) {
-        mRouter.bind(id, u"Ducking"_s, *mDucking);
-        mRouter.bind(id, u"Input_IN1", u"Meter", mDucking->deviceSetter(u"MeterIN1"));
-        mRouter.bind(id, u"Input_IN2", u"Meter", mDucking->deviceSetter(u"MeterIN2"));
-    }
-}
-
-/// What the device says of the console's own windows, whichever page is shown.
-void MainWindow_R47::linkSwitches()
-{
-    struct Switch {
-        const char16_t* object;
-        const char16_t* attribute;
-        const ConsoleLinks::Lamps& lamps;
-    };
-    const Switch switches[]{{u"Ducking", u"DuckingSwitch", mLinks.duckingLamps},
-                            {u"EQ_IN1", u"Switch", mLinks.equalizerLamps[ConsoleLinks::In1]},
-                            {u"EQ_IN2", u"Switch", mLinks.equalizerLamps[ConsoleLinks::In2]},
-                            {u"EQ_HP", u"Switch", mLinks.equalizerLamps[ConsoleLinks::Headphones]}};
-    for (const ConsolePage* page : mPages) {
-        if (page == nullptr) {
-            continue;
-        }
-        for (const Switch& row : switches) {
-            mRouter.bind(page->row().id, row.object, row.attribute,
-                         [&lamps = row.lamps](const QVariant& value) { ConsoleLinks::show(lamps, value.toBool()); });
-        }
-    }
 }
 
 void MainWindow_R47::connectLinks()
@@ -250,8 +194,7 @@ void MainWindow_R47::setPage(int page)
     mStatus->setMode(QString::fromUtf8(row->modeWord), QString::fromUtf8(row->modeWordZh));
     mStatus->setEasyOffered(page == PageLive);
     WorkspaceSubject::instance().clearObservers();
-    mDucking->setLayoutForMobile(true);
-
+    mWindows.setPage(row->id);
     if (page == PageFcty) {
         const float scale = scaleFactor();
         mStatus->setWorkspace({});
@@ -273,7 +216,6 @@ void MainWindow_R47::setPage(int page)
     }
     openWorkspace(*row);
     applySize();
-    mDucking->setLayoutForMobile(page != PageMble);
 }
 
 void MainWindow_R47::openWorkspace(const PageRow& row)
@@ -325,7 +267,7 @@ void MainWindow_R47::keepSizes()
 
 void MainWindow_R47::modifyScaleFactor()
 {
-    mDucking->setScaleFactor(scaleFactor());
+    mWindows.setScaleFactor(scaleFactor());
     if (!inHandshake()) {
         dropPageSizes();
     }
@@ -448,5 +390,5 @@ void MainWindow_R47::closeEvent(QCloseEvent* event)
     event->setAccepted(false);
     keepSizes();
     hide();
-    mDucking->hide();
+    mWindows.hide();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "console/ConsoleWindows.h"
 #include "console/FirmwareIdentity.h"
 #include "console/InboundRouter.h"
 #include "console/MainWindow_Base.h"
@@ -12,7 +13,6 @@
 #include <vector>
 
 class FieldHeadS1M1;
-class R47_PrivateWidget1;
 class RecoveryPage;
 
 namespace quillon
@@ -57,8 +57,6 @@ private:
     template<class Head> Head* addHead(quillon::PageId page);
     void showStreams(bool rates);
     void connectLinks();
-    void linkSwitches();
-    void linkDucking();
     void openWorkspace(const quillon::PageRow& row);
     void applySize();
     void keepSizes();
@@ -73,8 +71,8 @@ private:
     quillon::FirmwareIdentity mIdentity;
     QStackedWidget* mStack;
     RecoveryPage* mRecovery;
-    R47_PrivateWidget1* mDucking;
     quillon::StatusLine* mStatus;
+    quillon::ConsoleWindows mWindows;
     std::array<FieldHeadS1M1*, quillon::PageCount> mWorkspaceBars{}; // by page id, null where there is no choice of workspaces
     std::vector<quillon::FieldHead*> mHeads;                         // the bars of all pages
     std::vector<quillon::ConsolePage*> mPages;                       // by page id, null for the two pages without a workspace
