@@ -3,6 +3,7 @@ target_sources(quillon_controls PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/BatteryS1M1.cpp
     ${CMAKE_CURRENT_LIST_DIR}/ComboBoxS1M2.cpp
     ${CMAKE_CURRENT_LIST_DIR}/ComboBoxS1M3.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/ConsoleQuestion.cpp
     ${CMAKE_CURRENT_LIST_DIR}/MenuS1M1.cpp
     ${CMAKE_CURRENT_LIST_DIR}/MessageBoxParts.cpp
     ${CMAKE_CURRENT_LIST_DIR}/MessageBoxS1M1.cpp

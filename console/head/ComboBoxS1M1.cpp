@@ -1,8 +1,8 @@
 #include "console/head/ComboBoxS1M1.h"
 
 #include "app/GlobalFont.h"
-#include "console/head/HeadQuestion.h"
 #include "console/head/NameList.h"
+#include "controls/ConsoleQuestion.h"
 #include "controls/MessageBoxWidget.h"
 #include "workspace/WorkspaceChoice.h"
 #include "workspace/WorkspaceFile.h"

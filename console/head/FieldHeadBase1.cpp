@@ -2,7 +2,7 @@
 
 #include "console/head/ComboBoxS1M1.h"
 #include "console/head/HeadButton.h"
-#include "console/head/HeadQuestion.h"
+#include "controls/ConsoleQuestion.h"
 #include "controls/MessageBoxWidget.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "console/head/HeadQuestion.h"
+#include "controls/ConsoleQuestion.h"
 
 #include "app/AppSettingsSubject.h"
 #include "app/GlobalFont.h"
