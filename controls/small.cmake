@@ -1,4 +1,5 @@
-# Add box and status circle.
+# Add box and status circle; drawings as pixmaps.
 target_sources(quillon_controls PRIVATE
     ButtonBoxS1M1.cpp ButtonBoxS1M1.h
-    CircleS1M1.cpp CircleS1M1.h)
+    CircleS1M1.cpp CircleS1M1.h
+    SvgPixmap.cpp SvgPixmap.h)

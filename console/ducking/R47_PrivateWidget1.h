@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/AppSettingsSubject.h"
-#include "console/picture/SvgPixmap.h"
+#include "controls/SvgPixmap.h"
 #include "controls/FramelessWindow.h"
 #include "strips/StripEndpoint.h"
 #include "strips/StripEngine.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console/picture/SvgPixmap.h"
+#include "controls/SvgPixmap.h"
 
 #include <QBasicTimer>
 #include <QList>

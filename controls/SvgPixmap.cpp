@@ -1,4 +1,4 @@
-#include "console/picture/SvgPixmap.h"
+#include "controls/SvgPixmap.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
