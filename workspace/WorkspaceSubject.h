@@ -55,6 +55,8 @@ public:
     /// The application setting that remembers the current workspace of the work mode.
     QString rememberKey() const;
     bool isOpen() const { return mSettings != nullptr; }
+    /// The write mode of the open workspace.
+    int mode() const { return mMode; }
     /// Whether the open workspace is this one of the present work mode.
     bool isCurrent(const QString& name) const;
     /// Closes the open workspace: mode 0 writes what is pending, mode 1 drops its private copy. Runs by itself when the
