@@ -7,18 +7,18 @@ namespace quillon
 
 /// A text of the band editor in both languages.
 struct BandText {
-    const char16_t* english;
-    const char16_t* chinese;
+    const char* english;
+    const char* chinese;
 
-    QString in(bool isChinese) const { return QString(isChinese ? chinese : english); }
+    QString in(bool isChinese) const { return QString::fromUtf8(isChinese ? chinese : english); }
 };
 
 /// The rows of a column, from the top, as labels and assistive technology name them.
-constexpr BandText kBandRows[]{{u"Type", u"类型"}, {u"Gain", u"增益"}, {u"Freq", u"频率"}, {u"Q", u"Q值"}, {u"Switch", u"开关"}};
-constexpr BandText kBandName{u"Band %1", u"频段 %1"};
+constexpr BandText kBandRows[]{{"Type", "类型"}, {"Gain", "增益"}, {"Freq", "频率"}, {"Q", "Q值"}, {"Switch", "开关"}};
+constexpr BandText kBandName{"Band %1", "频段 %1"};
 
 /// Order of the types' numbers.
 constexpr BandText kBandTypes[]{
-    {u"peaking", u"峰值"}, {u"lowpass", u"低通"}, {u"highpass", u"高通"}, {u"lowshelf", u"低架"}, {u"highshelf", u"高架"}};
+    {"peaking", "峰值"}, {"lowpass", "低通"}, {"highpass", "高通"}, {"lowshelf", "低架"}, {"highshelf", "高架"}};
 
 } // namespace quillon

@@ -41,7 +41,7 @@ const QList<float>& qualities()
 }
 
 constexpr float kGainBound = 12; // dB
-constexpr auto kFitText = u"00.000";
+constexpr auto kFitText = "00.000"_L1;
 
 void setUpListDial(DialS1M5* dial, const QList<float>& list, float start, int decimals)
 {
@@ -177,15 +177,15 @@ void EqWidgetIem::showSwitch()
     mLabelNumber->setPalette(colors);
 }
 
-void EqWidgetIem::setItemData(const EqWidgetItemData& data)
+void EqWidgetIem::setItemData(const EqWidgetItemData& record)
 {
-    mData = data;
-    mComboBoxType->setCurrentIndex(data.type.toInt());
+    mData = record;
+    mComboBoxType->setCurrentIndex(record.type.toInt());
     showType();
-    mDialGain->setValue(data.gain);
-    mDialFreq->setValue(data.frequency);
-    mDialQ->setValue(data.q);
-    mCheckBoxSwitch->setChecked(data.enabled);
+    mDialGain->setValue(record.gain);
+    mDialFreq->setValue(record.frequency);
+    mDialQ->setValue(record.q);
+    mCheckBoxSwitch->setChecked(record.enabled);
     showSwitch();
 }
 

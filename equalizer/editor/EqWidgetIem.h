@@ -22,7 +22,7 @@ public:
     explicit EqWidgetIem(QWidget* parent = nullptr);
 
     /// Takes the record over as it is and shows it. Silent.
-    void setItemData(const EqWidgetItemData& data);
+    void setItemData(const EqWidgetItemData& record);
     EqWidgetItemData itemData() const { return mData; }
     /// "Type", "Gain", "Freq", "Q" or "Switch", from the device or a workspace: kept as told and shown, silent. What is no number
     /// is refused with a warning; other attributes are ignored.
@@ -40,8 +40,8 @@ public:
     void setScaleFactor(double factor);
 
 signals:
-    /// The user has touched a control; data.changed tells what that has changed, which may be nothing.
-    void itemChanged(qint32 index, const EqWidgetItemData& data);
+    /// The user has touched a control; record.changed tells what that has changed, which may be nothing.
+    void itemChanged(qint32 index, const EqWidgetItemData& record);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

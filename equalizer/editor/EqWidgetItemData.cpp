@@ -1,5 +1,7 @@
 #include "equalizer/editor/EqWidgetItemData.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quillon
 {
 
@@ -13,15 +15,15 @@ QString number(float value)
 
 struct Field {
     EqWidgetItemData::Change bit;
-    const char16_t* name;
+    QLatin1StringView name;
     QString (*value)(const EqWidgetItemData& data);
 };
 constexpr Field kFields[]{
-    {EqWidgetItemData::Type, u"Type", [](const EqWidgetItemData& data) { return data.type; }},
-    {EqWidgetItemData::Gain, u"Gain", [](const EqWidgetItemData& data) { return number(data.gain); }},
-    {EqWidgetItemData::Freq, u"Freq", [](const EqWidgetItemData& data) { return number(data.frequency); }},
-    {EqWidgetItemData::Q, u"Q", [](const EqWidgetItemData& data) { return number(data.q); }},
-    {EqWidgetItemData::Switch, u"Switch", [](const EqWidgetItemData& data) { return QString::number(int(data.enabled)); }},
+    {EqWidgetItemData::Type, "Type"_L1, [](const EqWidgetItemData& data) { return data.type; }},
+    {EqWidgetItemData::Gain, "Gain"_L1, [](const EqWidgetItemData& data) { return number(data.gain); }},
+    {EqWidgetItemData::Freq, "Freq"_L1, [](const EqWidgetItemData& data) { return number(data.frequency); }},
+    {EqWidgetItemData::Q, "Q"_L1, [](const EqWidgetItemData& data) { return number(data.q); }},
+    {EqWidgetItemData::Switch, "Switch"_L1, [](const EqWidgetItemData& data) { return QString::number(int(data.enabled)); }},
 };
 
 } // namespace
@@ -31,7 +33,7 @@ QList<BandAttribute> changedAttributes(const EqWidgetItemData& data)
     QList<BandAttribute> attributes;
     for (const Field& field : kFields) {
         if (data.changed & field.bit) {
-            attributes.append({QString(field.name), field.value(data)});
+            attributes.append({field.name, field.value(data)});
         }
     }
     return attributes;

@@ -23,19 +23,19 @@ constexpr double kLabels = 0.2;       // width of the labels, of the height
 constexpr double kBarHeight = 10;     // with the room above it
 constexpr double kLabelHeight = 0.09; // of the columns' height
 constexpr double kMaximumScale = 16;
-constexpr auto kBarSheet = u"QScrollBar:horizontal { height: %1px; background: #2B2B2B; border: none; border-radius: %2px; }"
+constexpr auto kBarSheet = "QScrollBar:horizontal { height: %1px; background: #2B2B2B; border: none; border-radius: %2px; }"
                            "QScrollBar::handle:horizontal { background: #43CF7C; border-radius: %2px; min-width: %1px; }"
                            "QScrollBar::add-line, QScrollBar::sub-line { width: 0px; height: 0px; }"
                            "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
 
-constexpr const char16_t* kLabelNames[]{u"labelType", u"labelGain", u"labelFreq", u"labelQ"};
+constexpr QLatin1StringView kLabelNames[]{"labelType"_L1, "labelGain"_L1, "labelFreq"_L1, "labelQ"_L1};
 
 } // namespace
 
 EqualizerControllerS1M1::EqualizerControllerS1M1(QWidget* parent)
     : QWidget(parent), mScrollArea(new QScrollArea(this)), mContent(new QWidget)
 {
-    for (const char16_t* name : kLabelNames) {
+    for (const QLatin1StringView name : kLabelNames) {
         auto* label = new QLabel(this);
         label->setObjectName(QString(name));
         label->setAlignment(Qt::AlignCenter);
@@ -83,7 +83,7 @@ void EqualizerControllerS1M1::appendItem()
     item->setFont(mLabelFont);
     item->setScaleFactor(mScaleFactor);
     connect(item, &EqWidgetIem::itemChanged, this,
-            [this](qint32 index, const EqWidgetItemData& data) { emit itemDataChanged(QString::number(index + 1), data); });
+            [this](qint32 index, const EqWidgetItemData& record) { emit itemDataChanged(QString::number(index + 1), record); });
     connect(item, &EqWidgetIem::itemChanged, this, &EqualizerControllerS1M1::report);
     // A column that comes late would be the last of the window with Tab.
     QWidget* before = mItems.isEmpty() ? mContent : mItems.last()->controls().last();
@@ -129,10 +129,10 @@ void EqualizerControllerS1M1::setItemAttribute(const QString& number, const QStr
     }
 }
 
-void EqualizerControllerS1M1::report(qint32 index, const EqWidgetItemData& data)
+void EqualizerControllerS1M1::report(qint32 index, const EqWidgetItemData& record)
 {
     const QString band = objectName() + u'@' + QString::number(index + 1);
-    for (const quillon::BandAttribute& change : quillon::changedAttributes(data)) {
+    for (const quillon::BandAttribute& change : quillon::changedAttributes(record)) {
         emit attributeChanged(band, change.name, change.value);
     }
 }
@@ -168,7 +168,7 @@ void EqualizerControllerS1M1::setScaleFactor(double factor)
     }
     mScaleFactor = factor;
     const int height = barHeight();
-    mScrollArea->horizontalScrollBar()->setStyleSheet(QString(kBarSheet).arg(height).arg(height / 2));
+    mScrollArea->horizontalScrollBar()->setStyleSheet(QString::fromLatin1(kBarSheet).arg(height).arg(height / 2));
     for (EqWidgetIem* item : mItems) {
         item->setScaleFactor(factor);
     }

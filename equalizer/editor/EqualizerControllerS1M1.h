@@ -37,7 +37,7 @@ public:
 
 signals:
     /// index: the band's number, from 1.
-    void itemDataChanged(const QString& index, const EqWidgetItemData& data);
+    void itemDataChanged(const QString& index, const EqWidgetItemData& record);
     void ItemCountChanged(qint32 count);
     /// objectName: this object's name, "@", the band's number from 1.
     void attributeChanged(const QString& objectName, const QString& attribute, const QString& value);
@@ -50,7 +50,7 @@ protected:
 private:
     void appendItem();
     void removeLastItem();
-    void report(qint32 index, const EqWidgetItemData& data);
+    void report(qint32 index, const EqWidgetItemData& record);
     bool scroll(const QWheelEvent& wheel);
     int barHeight() const;
     void layoutRows();
