@@ -77,6 +77,9 @@ bool InboundRouter::route(int page, const Frame& frame) const
     const auto place = static_cast<std::size_t>(index);
     const InboundRow& row = inboundRows()[place];
     const QVariant value = inboundValue(row.form, frame.value);
+    if (!value.isValid()) {
+        return false;
+    }
     if (!concernsAllPages(row)) {
         return call(mSetters[static_cast<std::size_t>(page)][place], value);
     }

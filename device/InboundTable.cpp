@@ -16,10 +16,10 @@ namespace
 
 // clang-format off
 constexpr auto kRows = std::to_array<InboundRow>({
-    {0x1104, u"SettingsDevice", u"Brightness", InboundForm::Number},
+    {0x1104, u"SettingsDevice", u"Brightness", InboundForm::Brightness},
     {0x111A, u"SettingsDevice", u"Bluetooth", InboundForm::Number},
     {0x111B, u"SettingsDevice", u"OtgDirection", InboundForm::Number},
-    {0x111C, u"SettingsDevice", u"UsbCCharging", InboundForm::Number},
+    {0x111C, u"SettingsDevice", u"UsbCCharging", InboundForm::Charging},
     {0x111E, u"SettingsDevice", u"AutoPoweroff", InboundForm::Number},
     {0x1122, u"SettingsDevice", u"MainButtonSingle", InboundForm::Number},
     {0x1123, u"SettingsDevice", u"MainButtonDouble", InboundForm::Number},
@@ -152,6 +152,11 @@ QString reverbType(std::int32_t value)
     }
 }
 
+QVariant entry(const QStringList& list, std::int64_t index)
+{
+    return index >= 0 && index < list.size() ? QVariant(list[index]) : QVariant();
+}
+
 } // namespace
 
 std::span<const InboundRow> inboundRows()
@@ -186,6 +191,10 @@ QVariant inboundValue(InboundForm form, std::int32_t value)
         return noiseType(value);
     case InboundForm::ReverbType:
         return reverbType(value);
+    case InboundForm::Brightness:
+        return entry({u"Dim"_s, u"Normal"_s, u"Bright"_s}, value);
+    case InboundForm::Charging:
+        return entry({u"Charge"_s, u"Discharge"_s, u"Disabled"_s}, std::int64_t{value} - 1);
     }
     return {};
 }

@@ -21,6 +21,8 @@ enum class InboundForm : std::uint8_t {
     Absent,     // bool: true when the value is zero (a plug that is missing)
     MicType,    // QString: 1 "Mic1", 2 "Mic35", 3 "MicHP", else "Mic1"
     NoiseType,  // QString: 0 "Bypass", 15 "NC1", 30 "NC2", 45 "NC3", else "Bypass"
+    Brightness, // QString: 0 "Dim", 1 "Normal", 2 "Bright", else nothing
+    Charging,   // QString: 1 "Charge", 2 "Discharge", 3 "Disabled", else nothing
     ReverbType, // QString: 1 "Bypass", 2 "STUDIO", 3 "LIVE", 4 "HALL", else "Bypass"
 };
 
@@ -35,7 +37,7 @@ struct InboundRow {
 std::span<const InboundRow> inboundRows();
 /// Position of a code in inboundRows(), -1 for a code that no console object takes. Constant time.
 int inboundIndex(std::uint16_t code);
-/// The value of a report in the form of its row.
+/// The value of a report in the form of its row; an invalid one is to be dropped.
 QVariant inboundValue(InboundForm form, std::int32_t value);
 
 /// A field of an equalizer's band, as its window names it.

@@ -75,8 +75,8 @@ void applyInputEqualizers(const ParameterStore& p, Levels& out)
     for (std::size_t i = 0; i < 2; ++i) {
         const bool on = p.value(std::uint16_t(0x9B0F + i)) != 0;
         out.eqIn[i] = out.mixerIn[IN1 + i];
-        out.eqOut[i] = out.eqIn[i] * (on ? linearPower(p.value(std::uint16_t(0x9B0D + i), std::int32_t(kUnity))) : 1.0);
-        out.mixerIn[IN1 + i] = limited(out.eqOut[i]);
+        const double gain = on ? linearPower(p.value(std::uint16_t(0x9B0D + i), std::int32_t(kUnity))) : 1.0;
+        out.mixerIn[IN1 + i] = limited(out.eqIn[i] * gain);
     }
 }
 
@@ -222,7 +222,6 @@ std::array<Meter, kMeterCount> readMeters(const Levels& levels, int workMode)
     putStereo(0x6101, 0x6201, levels.otgIn);
     putStereo(0x6301, 0x6401, {limited(levels.hpIn[0]), limited(levels.hpIn[1])});
     putStereo(0x9B0B, 0x9B0C, levels.eqIn);
-    putStereo(0x9B12, 0x9B13, levels.eqOut);
     putStereo(0xAB0B, 0xAB0C, levels.hpIn);
     return meters;
 }

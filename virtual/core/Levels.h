@@ -43,8 +43,7 @@ struct Levels {
     Powers source{};  // what the meter of each source shows: behind its input gain and mute
     Powers mixerIn{}; // what enters the mixes: the sources, IN1 and IN2 behind their equalizers, and FX
     std::array<Stereo, 5> mix{};
-    std::array<double, 2> eqIn{};  // IN1, IN2: behind the bands, before the gain of the equalizer
-    std::array<double, 2> eqOut{}; // behind that gain
+    std::array<double, 2> eqIn{}; // IN1, IN2: behind the bands, before the gain of the equalizer
     double fxIn = 0.0;
     double fxOut = 0.0;
     Stereo hpIn{};  // at the input of the headphone equalizer
@@ -61,7 +60,7 @@ struct Meter {
     std::uint16_t code;
     std::int32_t tenths; // tenths of a dB, -900 for silence, 1 for clip
 };
-inline constexpr std::size_t kMeterCount = 40;
+inline constexpr std::size_t kMeterCount = 38;
 /// What the device reports of these levels, in the order of reporting.
 std::array<Meter, kMeterCount> readMeters(const Levels& levels, int workMode);
 

@@ -65,6 +65,8 @@ std::optional<std::int32_t> shownValue(const quillon::InboundRow& row, const QSt
     case InboundForm::MicType:
     case InboundForm::NoiseType:
     case InboundForm::ReverbType:
+    case InboundForm::Brightness:
+    case InboundForm::Charging:
         if (const auto* sent = rowOfCode(row.code); sent && fits(*sent, text))
             return quillon::parameterValue(sent->first.kind, sent->choices, text);
         return {};
@@ -78,6 +80,7 @@ std::optional<std::int32_t> shownValue(const quillon::InboundRow& row, const QSt
         return good ? std::optional<std::int32_t>(gainToDeviceAux(number)) : std::nullopt;
     case InboundForm::Line:
         return good ? std::optional<std::int32_t>(gainToDeviceLine(number)) : std::nullopt;
+    case InboundForm::Number:
     case InboundForm::Plain:
     case InboundForm::Flag:
     case InboundForm::Absent:
@@ -152,10 +155,9 @@ void Names::addReports()
     for (const quillon::InboundRow& row : quillon::inboundRows())
         add(row.code, dotted(row.object, row.attribute));
     constexpr std::pair<std::uint16_t, const char*> kOwn[] = {
-        {0x1118, "Battery"},         {0x1119, "Charging"},         {0x1201, "Version"},         {0x1202, "Identity1"},
-        {0x1203, "Identity2"},       {0x1204, "Identity3"},        {0x1205, "Identity4"},       {0x1206, "Identity5"},
-        {0x9B0B, "EQ_IN1.MeterIn"},  {0x9B0C, "EQ_IN2.MeterIn"},   {0x9B12, "EQ_IN1.MeterOut"}, {0x9B13, "EQ_IN2.MeterOut"},
-        {0xAB0B, "EQ_HP.MeterLeft"}, {0xAB0C, "EQ_HP.MeterRight"},
+        {0x1118, "Battery"},        {0x1119, "Charging"},       {0x1201, "Version"},         {0x1202, "Identity1"},
+        {0x1203, "Identity2"},      {0x1204, "Identity3"},      {0x1205, "Identity4"},       {0x1206, "Identity5"},
+        {0x9B0B, "EQ_IN1.MeterIn"}, {0x9B0C, "EQ_IN2.MeterIn"}, {0xAB0B, "EQ_HP.MeterLeft"}, {0xAB0C, "EQ_HP.MeterRight"},
     };
     for (const auto& [code, name] : kOwn)
         add(code, name);
