@@ -20,13 +20,14 @@ namespace
 constexpr int kColumnWidth = 54;      // at a scale of 1, as all that follows in pixels
 constexpr double kGap = 0.005;        // between columns, of the width
 constexpr double kLabels = 0.2;       // width of the labels, of the height
-constexpr double kBarHeight = 10;     // with the room above it
+constexpr double kBarHeight = 11;     // with the room above it
 constexpr double kLabelHeight = 0.09; // of the columns' height
 constexpr double kMaximumScale = 16;
-constexpr auto kBarSheet = "QScrollBar:horizontal { height: %1px; background: #2B2B2B; border: none; border-radius: %2px; }"
-                           "QScrollBar::handle:horizontal { background: #43CF7C; border-radius: %2px; min-width: %1px; }"
-                           "QScrollBar::add-line, QScrollBar::sub-line { width: 0px; height: 0px; }"
-                           "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
+constexpr auto kBarSheet =
+    "QScrollBar:horizontal { height: %1px; margin-top: %3px; background: #2B2B2B; border: none; border-radius: %2px; }"
+    "QScrollBar::handle:horizontal { background: #43CF7C; border-radius: %2px; min-width: %1px; }"
+    "QScrollBar::add-line, QScrollBar::sub-line { width: 0px; height: 0px; }"
+    "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
 
 constexpr QLatin1StringView kLabelNames[]{"labelType"_L1, "labelGain"_L1, "labelFreq"_L1, "labelQ"_L1};
 
@@ -85,15 +86,22 @@ void EqualizerControllerS1M1::appendItem()
     connect(item, &EqWidgetIem::itemChanged, this,
             [this](qint32 index, const EqWidgetItemData& record) { emit itemDataChanged(QString::number(index + 1), record); });
     connect(item, &EqWidgetIem::itemChanged, this, &EqualizerControllerS1M1::report);
-    // A column that comes late would be the last of the window with Tab.
+    joinTabOrder(item);
+    mItems.append(item);
+    item->show();
+}
+
+/// A column that comes late would be the last of the window with Tab.
+void EqualizerControllerS1M1::joinTabOrder(EqWidgetIem* item)
+{
+    mContent->setFocusPolicy(Qt::TabFocus); // or nothing could be put behind it
     QWidget* before = mItems.isEmpty() ? mContent : mItems.last()->controls().last();
     for (QWidget* control : item->controls()) {
         control->installEventFilter(this); // for the focus
         setTabOrder(before, control);
         before = control;
     }
-    mItems.append(item);
-    item->show();
+    mContent->setFocusPolicy(Qt::NoFocus);
 }
 
 void EqualizerControllerS1M1::removeLastItem()
@@ -168,7 +176,9 @@ void EqualizerControllerS1M1::setScaleFactor(double factor)
     }
     mScaleFactor = factor;
     const int height = barHeight();
-    mScrollArea->horizontalScrollBar()->setStyleSheet(QString::fromLatin1(kBarSheet).arg(height).arg(height / 2));
+    const int gap = height / 3;
+    mScrollArea->horizontalScrollBar()->setStyleSheet(
+        QString::fromLatin1(kBarSheet).arg(height - gap).arg((height - gap) / 2).arg(gap));
     for (EqWidgetIem* item : mItems) {
         item->setScaleFactor(factor);
     }

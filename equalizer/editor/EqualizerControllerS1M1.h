@@ -49,6 +49,7 @@ protected:
 
 private:
     void appendItem();
+    void joinTabOrder(EqWidgetIem* item);
     void removeLastItem();
     void report(qint32 index, const EqWidgetItemData& record);
     bool scroll(const QWheelEvent& wheel);
