@@ -1,0 +1,29 @@
+#pragma once
+
+#include "controls/FocusMark.h"
+
+#include <QRadioButton>
+
+namespace quillon
+{
+
+/// A tab at the left of the settings dialog: one of several of which one is chosen. GUI thread.
+class SettingsTab final : public QRadioButton
+{
+public:
+    explicit SettingsTab(QWidget* parent);
+
+    /// Where its text stands.
+    QRect textPlace() const;
+
+protected:
+    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    FocusMark mFocus;
+};
+
+} // namespace quillon
