@@ -95,9 +95,11 @@ void EqWidgetIem::buildControls()
     mLabelNumber->setAlignment(Qt::AlignCenter);
     mComboBoxType = new ComboBoxS1M3(this, 1.0, Qt::AlignCenter);
     mComboBoxType->setObjectName(u"comboBoxType"_s);
+    QStringList types;
     for (const quillon::BandText& type : quillon::kBandTypes) {
-        mComboBoxType->addItem(type.in(mChinese));
+        types += type.in(mChinese);
     }
+    mComboBoxType->addItems(types); // one by one would fit the texts after each
     mDialGain = new DialS1M5(this);
     mDialGain->setObjectName(u"dialGain"_s);
     setUpGainDial(mDialGain);
@@ -109,28 +111,41 @@ void EqWidgetIem::buildControls()
     setUpListDial(mDialQ, qualities(), 0.707F, 3);
     mCheckBoxSwitch = new quillon::BandSwitch(this);
     mCheckBoxSwitch->setObjectName(u"checkBoxSwitch"_s);
-    mCheckBoxSwitch->setChecked(mData.enabled);
     showSwitch();
 }
 
 void EqWidgetIem::setupConnections()
 {
-    const auto handle = [this](EqWidgetItemData::Change bit, float EqWidgetItemData::*field) {
+    const auto number = [this](EqWidgetItemData::Change bit, const QString& name, float EqWidgetItemData::*field, DialS1M5* dial) {
         mHandlers[bit] = [this, bit, field](const QVariant& value) { take(field, value.toFloat(), bit); };
+        mSetters[name] = [this, field, dial](const QString& value) {
+            const std::optional<float> told = finite(value);
+            if (told) {
+                mData.*field = *told;
+                dial->setValue(*told);
+            }
+            return told.has_value();
+        };
+        connect(dial, &DialS1M5::valueChanged, this, [this, bit](float value) { apply(bit, value); });
     };
+    number(EqWidgetItemData::Gain, u"Gain"_s, &EqWidgetItemData::gain, mDialGain);
+    number(EqWidgetItemData::Freq, u"Freq"_s, &EqWidgetItemData::frequency, mDialFreq);
+    number(EqWidgetItemData::Q, u"Q"_s, &EqWidgetItemData::q, mDialQ);
+
     mHandlers[EqWidgetItemData::Type] = [this](const QVariant& value) { takeType(value.toString()); };
-    handle(EqWidgetItemData::Gain, &EqWidgetItemData::gain);
-    handle(EqWidgetItemData::Freq, &EqWidgetItemData::frequency);
-    handle(EqWidgetItemData::Q, &EqWidgetItemData::q);
+    mSetters[u"Type"_s] = [this](const QString& value) { return setType(value); };
+    connect(mComboBoxType, &QComboBox::activated, this, [this](int type) { apply(EqWidgetItemData::Type, type); });
+
     mHandlers[EqWidgetItemData::Switch] = [this](const QVariant& value) {
         take(&EqWidgetItemData::enabled, value.toBool(), EqWidgetItemData::Switch);
         showSwitch();
     };
-
-    connect(mComboBoxType, &QComboBox::activated, this, [this](int type) { apply(EqWidgetItemData::Type, type); });
-    connect(mDialGain, &DialS1M5::valueChanged, this, [this](float gain) { apply(EqWidgetItemData::Gain, gain); });
-    connect(mDialFreq, &DialS1M5::valueChanged, this, [this](float hz) { apply(EqWidgetItemData::Freq, hz); });
-    connect(mDialQ, &DialS1M5::valueChanged, this, [this](float q) { apply(EqWidgetItemData::Q, q); });
+    mSetters[u"Switch"_s] = [this](const QString& value) {
+        const std::optional<float> told = finite(value);
+        mData.enabled = told ? *told != 0 : mData.enabled;
+        showSwitch();
+        return told.has_value();
+    };
     connect(mCheckBoxSwitch, &QCheckBox::clicked, this, [this](bool on) { apply(EqWidgetItemData::Switch, on); });
 }
 
@@ -161,6 +176,19 @@ void EqWidgetIem::takeType(const QString& type)
     showType();
 }
 
+/// A type that is none of the list leaves the box empty.
+bool EqWidgetIem::setType(const QString& type)
+{
+    bool isNumber = false;
+    const int row = type.toInt(&isNumber);
+    if (isNumber) {
+        mComboBoxType->setCurrentIndex(row);
+        mData.type = QString::number(row);
+        showType();
+    }
+    return isNumber;
+}
+
 /// The gain can be turned where the type has one.
 void EqWidgetIem::showType()
 {
@@ -171,6 +199,7 @@ void EqWidgetIem::showType()
 /// The number of a band that is off is dimmed.
 void EqWidgetIem::showSwitch()
 {
+    mCheckBoxSwitch->setChecked(mData.enabled);
     QPalette colors = mLabelNumber->palette();
     const int grey = mData.enabled ? 222 : 120;
     colors.setColor(QPalette::WindowText, QColor(grey, grey, grey));
@@ -185,39 +214,14 @@ void EqWidgetIem::setItemData(const EqWidgetItemData& record)
     mDialGain->setValue(record.gain);
     mDialFreq->setValue(record.frequency);
     mDialQ->setValue(record.q);
-    mCheckBoxSwitch->setChecked(record.enabled);
     showSwitch();
 }
 
 void EqWidgetIem::setAttribute(const QString& attribute, const QString& value)
 {
-    struct Field {
-        QLatin1StringView name;
-        float EqWidgetItemData::*field;
-        DialS1M5* dial;
-    };
-    const Field fields[]{{"Gain"_L1, &EqWidgetItemData::gain, mDialGain},
-                         {"Freq"_L1, &EqWidgetItemData::frequency, mDialFreq},
-                         {"Q"_L1, &EqWidgetItemData::q, mDialQ}};
-    const auto field = std::ranges::find(fields, attribute, &Field::name);
-    const bool isType = attribute == "Type"_L1;
-    if (!isType && attribute != "Switch"_L1 && field == std::end(fields)) {
-        return;
-    }
-    const std::optional<float> number = finite(value);
-    if (!number) {
+    const auto setter = mSetters.find(attribute);
+    if (setter != mSetters.end() && !setter->second(value)) {
         qWarning("EqWidgetIem::setAttribute // no number for [%ls]", qUtf16Printable(attribute));
-    } else if (isType) {
-        mComboBoxType->setCurrentIndex(value.toInt());
-        mData.type = value;
-        showType();
-    } else if (field != std::end(fields)) {
-        field->dial->setValue(*number);
-        mData.*(field->field) = *number;
-    } else {
-        mData.enabled = *number != 0;
-        mCheckBoxSwitch->setChecked(mData.enabled);
-        showSwitch();
     }
 }
 

@@ -53,6 +53,7 @@ private:
     void setupConnections();
     void apply(int bit, const QVariant& value);
     void takeType(const QString& type);
+    bool setType(const QString& type);
     void showType();
     void showSwitch();
     void nameControls();
@@ -70,5 +71,7 @@ private:
     DialS1M5* mDialFreq;
     DialS1M5* mDialQ;
     QCheckBox* mCheckBoxSwitch;
-    std::map<int, std::function<void(const QVariant&)>> mHandlers;
+    std::map<int, std::function<void(const QVariant&)>> mHandlers; // of the user's changes, by their bit
+    // Of what comes from outside; false: it was no number.
+    std::map<QString, std::function<bool(const QString&)>> mSetters;
 };

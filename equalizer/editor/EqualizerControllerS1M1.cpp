@@ -177,8 +177,7 @@ void EqualizerControllerS1M1::setScaleFactor(double factor)
     mScaleFactor = factor;
     const int height = barHeight();
     const int gap = height / 3;
-    mScrollArea->horizontalScrollBar()->setStyleSheet(
-        QString::fromLatin1(kBarSheet).arg(height - gap).arg((height - gap) / 2).arg(gap));
+    mScrollArea->horizontalScrollBar()->setStyleSheet(QString::fromLatin1(kBarSheet).arg(height).arg((height - gap) / 2).arg(gap));
     for (EqWidgetIem* item : mItems) {
         item->setScaleFactor(factor);
     }

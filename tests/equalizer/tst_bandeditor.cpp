@@ -186,6 +186,8 @@ private slots:
         QTest::newRow("no number") << u"2"_s << u"Freq"_s << u"loud"_s << same << true;
         QTest::newRow("not finite") << u"2"_s << u"Gain"_s << u"nan"_s << same << true;
         QTest::newRow("no type") << u"2"_s << u"Type"_s << u""_s << same << true;
+        QTest::newRow("half a type") << u"2"_s << u"Type"_s << u"1.5"_s << same << true;
+        QTest::newRow("another type") << u"2"_s << u"Type"_s << u"7"_s << u"-1 6 100 2 1"_s << false;
         for (const auto& number : {u"0"_s, u"4"_s, u"33"_s, u"-1"_s, u"two"_s, u""_s}) {
             QTest::addRow("band '%ls'", qUtf16Printable(number)) << number << u"Gain"_s << u"1"_s << same << false;
         }
