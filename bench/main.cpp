@@ -1,6 +1,7 @@
 // One measurement on the r47d of $R47_DIR: its figures as one line of JSON. bench/run calls it and makes the table.
 
 #include "bench/Harness.h"
+#include "equalizer/EqualizerBench.h"
 
 #include <QApplication>
 #include <QJsonDocument>
@@ -24,6 +25,7 @@ constexpr Command kCommands[]{
     {"load", "ROUNDS", bench::loadWorkspace},
     {"page", "ROUNDS", bench::loadPage},
     {"meters", "own|naive|empty HZ SECONDS", bench::runMeters},
+    {"equalizer", "ROUNDS", bench::equalizerCurves},
     {"arrive", "", bench::arrive},
 };
 
