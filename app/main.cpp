@@ -1,7 +1,10 @@
 #include "app/AppSettingsSubject.h"
+#include "app/Application.h"
+#include "app/FirstPicture.h"
 #include "app/FontStart.h"
 #include "app/LogHandler.h"
 #include "app/ScreenFit.h"
+#include "app/SingleInstanceManager.h"
 #include "app/Termination.h"
 #include "app/WorkingFolder.h"
 #include "connect/DeviceConnector.h"
@@ -11,7 +14,6 @@
 #include "device/USBHIDAPI.h"
 #include "resources/Resources.h"
 
-#include <QApplication>
 #include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +21,7 @@ using namespace Qt::StringLiterals;
 int main(int argc, char** argv)
 {
     quillon::FontStart fonts;
-    QApplication application(argc, argv);
+    const quillon::Application application(argc, argv);
     // The console closes into the background; leaving is the user's own act.
     QApplication::setQuitOnLastWindowClosed(false);
     if (QStyle* style = QStyleFactory::create(u"windowsvista"_s)) {
@@ -29,6 +31,7 @@ int main(int argc, char** argv)
     quillon::installLogHandler();
     quillon::initResources();
     fonts.load();
+    SingleInstanceManager::instance().checkAndActivate();
     quillon::installControlAccessibility();
     AppSettingsSubject::instance().init();
     quillon::applyScreenFit();
@@ -42,6 +45,8 @@ int main(int argc, char** argv)
     {
         DeviceConnector connector;
         connector.showSeries(u"Vantor"_s, {{u"R47"_s, {u"0x152A"_s, u"0x875C"_s}}});
+        // The desktop's panel is asked over a bus; the window does not wait for that.
+        quillon::afterFirstPicture(connector, [] { SingleInstanceManager::instance().openTray(); });
         fonts.completeAfter(connector);
         result = QApplication::exec();
         // The console's device closes its channel only when the connector goes, after the library was left.

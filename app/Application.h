@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QApplication>
+
+namespace quillon
+{
+
+/// Knows why its windows are being closed: before the program ends the toolkit closes each of them, as the user does. GUI thread.
+class Application : public QApplication
+{
+    Q_OBJECT
+public:
+    using QApplication::QApplication;
+
+    /// Inside such a closing. Always false in a program that has another kind of application.
+    static bool isLeaving();
+
+    bool event(QEvent* event) override;
+};
+
+} // namespace quillon
