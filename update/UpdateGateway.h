@@ -8,13 +8,15 @@ namespace quillon
 {
 
 /// All that the connection window asks of the updates: the manifest, two downloads and one local file. GUI thread; the work
-/// behind it may run elsewhere. A build without an update host has no such object at all.
+/// behind it may run elsewhere.
 class UpdateGateway : public QObject
 {
     Q_OBJECT
 public:
     using QObject::QObject;
 
+    /// Whether there is a host to ask. Without one nothing is fetched by itself; a file of the user's can be written all the same.
+    virtual bool hasHost() const { return true; }
     /// Fetches the manifest and returns when it is there or has failed (false). Spins an event loop of its own meanwhile.
     virtual bool fetchAndWait() = 0;
     /// Starts to fetch the manifest and returns; fetchFinished() tells the end.

@@ -1,0 +1,55 @@
+#include "update/PlatformSteps.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon
+{
+
+namespace
+{
+
+// Unpacks over the working directory, which is the application's own.
+const QString& setupScript()
+{
+    static const QString script = u"Expand-Archive -Path '%1' -DestinationPath '.' -Force; "
+                                  "$setupFile = (Get-ChildItem -Path . -Filter '*.exe' | Where-Object {$_.Name -like "
+                                  "'*Setup*.exe'} | Select-Object -First 1).FullName; "
+                                  "if ($setupFile) { Start-Process -FilePath $setupFile -Wait }"_s;
+    return script;
+}
+
+// Inside the shell's single quotes only these end a text.
+QString singleQuoted(QString path)
+{
+    return path.replace(u'\'', u"''"_s);
+}
+
+// Inside its double quotes these begin a command or a variable.
+QString doubleQuoted(QString path)
+{
+    return path.replace(u'`', u"``"_s).replace(u'$', u"`$"_s);
+}
+
+} // namespace
+
+QString startSetup(const QString& archive)
+{
+    QProcess process;
+    process.setProgram(u"powershell"_s);
+    process.setArguments({u"-command"_s, setupScript().arg(singleQuoted(archive))});
+    return process.startDetached() ? QString() : process.errorString();
+}
+
+bool unpackImage(const QString& archive, const QString&)
+{
+    const QString folder = QFileInfo(archive).path();
+    const QString command = uR"(powershell -Command "Expand-Archive -Path \"%1\" -DestinationPath \"%2\" -Force")"_s;
+    return QProcess::execute(u"powershell"_s,
+                             QProcess::splitCommand(command.arg(doubleQuoted(archive), doubleQuoted(folder))).mid(1)) == 0;
+}
+
+} // namespace quillon

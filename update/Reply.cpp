@@ -1,0 +1,97 @@
+#include "update/Reply.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon
+{
+
+namespace
+{
+
+constexpr const char* kRefusal = "refusal";
+constexpr int kMostRedirects = 5;
+constexpr qsizetype kMostLogged = 300;
+
+// Not inside a signal of the reply: one that is aborted while it finishes finishes twice.
+void refuse(QNetworkReply& reply, const QString& why)
+{
+    reply.setProperty(kRefusal, why);
+    const auto abort = [&reply] {
+        if (!reply.isFinished() && reply.error() == QNetworkReply::NoError) {
+            reply.abort();
+        }
+    };
+    QMetaObject::invokeMethod(&reply, abort, Qt::QueuedConnection);
+}
+
+// A server's words end up in the log: without its line ends and escape sequences, and not all day long.
+QString printable(const QString& text)
+{
+    QString line = text.left(kMostLogged);
+    for (QChar& c : line) {
+        if (!c.isPrint()) {
+            c = u'?';
+        }
+    }
+    return line;
+}
+
+} // namespace
+
+bool isUpdateAddress(const QUrl& url)
+{
+    return url.isValid() && url.scheme() == u"https"_s && !url.host().isEmpty();
+}
+
+QNetworkReply* startReply(QNetworkAccessManager& network, const QUrl& url, int silenceMs, qint64 mostBytes)
+{
+    QNetworkRequest request(url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setMaximumRedirectsAllowed(kMostRedirects);
+    // Nothing is inflated on the way, so that the announced size is that of the file.
+    request.setRawHeader("Accept-Encoding", "identity");
+    network.setTransferTimeout(silenceMs);
+    QNetworkReply* reply = network.get(request);
+    QObject::connect(reply, &QNetworkReply::redirected, reply, [reply](const QUrl& to) {
+        if (!isUpdateAddress(to)) {
+            refuse(*reply, u"sent on to an address that is not safe"_s);
+        }
+    });
+    QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply, mostBytes] {
+        if (reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > mostBytes) {
+            refuse(*reply, u"too large"_s);
+        }
+    });
+    QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [reply, mostBytes](qint64 received, qint64) {
+        if (received > mostBytes && !isRefused(*reply)) {
+            refuse(*reply, u"too large"_s);
+        }
+    });
+    return reply;
+}
+
+QString failureOf(const QNetworkReply& reply)
+{
+    if (isRefused(reply)) {
+        return reply.property(kRefusal).toString();
+    }
+    switch (reply.error()) {
+    case QNetworkReply::NoError:
+        return {};
+    case QNetworkReply::OperationCanceledError: // as the transfer time-out shows itself
+        return u"Request timed out"_s;
+    default:
+        return printable(reply.errorString());
+    }
+}
+
+bool isRefused(const QNetworkReply& reply)
+{
+    return reply.property(kRefusal).isValid();
+}
+
+} // namespace quillon
