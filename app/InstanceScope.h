@@ -21,7 +21,7 @@ public:
 
     explicit InstanceScope(const QString& name);
 
-    /// Gives the memory the scope's key.
+    /// Gives the memory the scope's key, before each look at it.
     void nameMemory(QSharedMemory& memory) const;
     /// For QLocalServer and QLocalSocket; empty where the user has no place of his own.
     const QString& serverName() const { return mServerName; }

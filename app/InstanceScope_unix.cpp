@@ -42,6 +42,11 @@ QString ownFolder()
     return isOwnFolder(folder) ? folder : QString();
 }
 
+int openOwn(const QString& path)
+{
+    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+}
+
 class FileTurn : public InstanceScope::Turn
 {
 public:
@@ -65,15 +70,21 @@ InstanceScope::InstanceScope(const QString& name)
 
 void InstanceScope::nameMemory(QSharedMemory& memory) const
 {
-    if (!mServerName.isEmpty()) {
-        memory.setNativeKey(mServerName + ".memory"_L1);
+    if (mServerName.isEmpty()) {
+        return;
     }
+    // The key is made of the file's number. Memory that was left under a number outlives the file, and a new file may get that
+    // number: it has to be there for the old memory to be found.
+    const QString path = mServerName + ".memory"_L1;
+    if (const int file = openOwn(path); file >= 0) {
+        ::close(file);
+    }
+    memory.setNativeKey(path);
 }
 
 std::unique_ptr<InstanceScope::Turn> InstanceScope::takeTurn() const
 {
-    const QByteArray path = QFile::encodeName(mServerName + ".lock"_L1);
-    const int file = mServerName.isEmpty() ? -1 : ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    const int file = mServerName.isEmpty() ? -1 : openOwn(mServerName + ".lock"_L1);
     if (file < 0) {
         return nullptr;
     }

@@ -25,7 +25,8 @@ constexpr char kActivate[] = "ACTIVATE";
 constexpr qint64 kActivateSize = sizeof kActivate - 1;
 constexpr int kConnectMs = 1000;
 constexpr int kWriteMs = 30000;
-constexpr int kMaxCallers = 32; // at once; more than that are no starts of a user
+constexpr int kStaleMemories = 16; // each of them found once
+constexpr int kMaxCallers = 32;    // at once; more than that are no starts of a user
 
 // By name: the windows stand floors above this one.
 QWidget* topLevel(const char* className)
@@ -47,7 +48,6 @@ SingleInstanceManager& SingleInstanceManager::instance()
 SingleInstanceManager::SingleInstanceManager()
     : mSharedMemory(new QSharedMemory(this)), mName(QCoreApplication::applicationName()), mScope(mName)
 {
-    mScope.nameMemory(*mSharedMemory);
     connect(&AppSettingsSubject::instance(), &AppSettingsSubject::attributeChanged, this,
             [this](const QString&, const QString& attribute, const QString& value) {
                 if (attribute == u"ModifyLanguage"_s) {
@@ -83,36 +83,50 @@ void SingleInstanceManager::checkAndActivate()
         turn.reset();
         activateOther();
     }
-    settle();
+    mIsOwner = true;
+    startServer();
 }
 
 bool SingleInstanceManager::otherInstanceLives()
 {
-    // Memory that a killed process has left goes with the one who leaves it last: nobody else, if that process was alone.
-    if (mSharedMemory->attach(QSharedMemory::ReadWrite)) {
-        mSharedMemory->detach();
+    const auto isInUse = [this] {
+        const bool attached = mSharedMemory->attach(QSharedMemory::ReadWrite);
+        if (attached) {
+            mSharedMemory->detach();
+        }
+        return attached;
+    };
+    for (int i = 0; i < kStaleMemories; ++i) {
+        mScope.nameMemory(*mSharedMemory);
+        // What a killed process has left goes with the next one who leaves it.
+        isInUse();
+        if (isInUse()) {
+            return true;
+        }
+        if (mSharedMemory->create(1, QSharedMemory::ReadWrite)) {
+            return false;
+        }
     }
-    const bool lives = mSharedMemory->attach(QSharedMemory::ReadWrite);
-    if (lives) {
-        mSharedMemory->detach();
-    }
-    return lives;
+    // A system without such memory.
+    return serverAnswers();
 }
 
-void SingleInstanceManager::settle()
+bool SingleInstanceManager::serverAnswers() const
 {
-    mSharedMemory->create(1, QSharedMemory::ReadWrite);
-    mIsOwner = true;
-    const QString name = mScope.serverName();
     QLocalSocket probe;
-    probe.connectToServer(name, QIODevice::ReadWrite);
-    if (!probe.waitForConnected(kConnectMs)) {
-        QLocalServer::removeServer(name);
+    probe.connectToServer(mScope.serverName(), QIODevice::ReadWrite);
+    return probe.waitForConnected(kConnectMs);
+}
+
+void SingleInstanceManager::startServer()
+{
+    if (!serverAnswers()) {
+        QLocalServer::removeServer(mScope.serverName()); // a killed process leaves it
     }
     mLocalServer = new QLocalServer(this);
     mLocalServer->setSocketOptions(QLocalServer::UserAccessOption);
     connect(mLocalServer, &QLocalServer::newConnection, this, &SingleInstanceManager::acceptConnection);
-    if (!mLocalServer->listen(name)) {
+    if (!mLocalServer->listen(mScope.serverName())) {
         qWarning().noquote() << "无法启动本地服务器:" << mLocalServer->errorString();
     }
 }

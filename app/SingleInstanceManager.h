@@ -40,7 +40,8 @@ private:
     ~SingleInstanceManager() override;
 
     bool otherInstanceLives();
-    void settle();
+    bool serverAnswers() const;
+    void startServer();
     [[noreturn]] void activateOther();
     void acceptConnection();
     void activateWindow();
