@@ -3,6 +3,7 @@
 #include "app/AppSettingsSubject.h"
 #include "app/FirstPicture.h"
 #include "app/GlobalFont.h"
+#include "app/SingleInstanceManager.h"
 #include "connect/DeviceConnectorViewS1M1.h"
 #include "connect/Registry.h"
 #include "update/UpdateGateway.h"
@@ -48,6 +49,7 @@ DeviceConnector::~DeviceConnector()
 void DeviceConnector::registerSeries()
 {
     registerView(u"Vantor"_s, [](DeviceConnector* connector) -> DeviceConnectorViewBase* {
+        SingleInstanceManager::instance().setTrayIcon(u":/Icon/Vantor.ico"_s);
         connector->setWindowTitle(u"Quillon"_s);
         connector->setResizable(false);
         connector->mBaseSize = kVantorSize;
@@ -239,7 +241,7 @@ void DeviceConnector::retireConsole()
 void DeviceConnector::done(int result)
 {
     if (result == mResult) {
-        hide();
+        SingleInstanceManager::instance().stepBack(*this);
     }
 }
 

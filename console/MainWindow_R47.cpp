@@ -1,6 +1,7 @@
 #include "console/MainWindow_R47.h"
 
 #include "app/AppSettingsSubject.h"
+#include "app/SingleInstanceManager.h"
 #include "console/ConsolePage.h"
 #include "console/EasySetup.h"
 #include "console/PageSize.h"
@@ -389,6 +390,6 @@ void MainWindow_R47::closeEvent(QCloseEvent* event)
 {
     event->setAccepted(false);
     keepSizes();
-    hide();
+    SingleInstanceManager::instance().stepBack(*this);
     mWindows.hide();
 }
