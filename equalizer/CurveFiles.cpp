@@ -93,6 +93,14 @@ QByteArray general(double value)
     return QByteArray::number(value, 'g', 6);
 }
 
+/// Written under another name and renamed over the old file.
+bool replaceWhole(const QString& path, const QByteArray& bytes, QIODevice::OpenMode more)
+{
+    QSaveFile file(path);
+    // Qt 6.4's commit() does not look at its own last flush.
+    return file.open(QIODevice::WriteOnly | more) && file.write(bytes) == bytes.size() && file.flush() && file.commit();
+}
+
 } // namespace
 
 std::optional<ResponseRows> parseResponse(QByteArrayView text)
@@ -183,9 +191,7 @@ std::optional<QByteArray> readCurveFile(const QString& path)
 
 bool writeCurveFile(const QString& path, const QByteArray& text)
 {
-    QSaveFile file(path);
-    // Qt 6.4's commit() does not look at its own last flush.
-    return file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text) == text.size() && file.flush() && file.commit();
+    return replaceWhole(path, text, QIODevice::Text);
 }
 
 QString curveCachePath(const QString& folder, const QString& objectName, const QString& curve)
@@ -195,15 +201,11 @@ QString curveCachePath(const QString& folder, const QString& objectName, const Q
 
 bool storeCurveCache(const QString& chosenPath, const QString& cachePath)
 {
-    // Who chooses the copy itself must not lose it.
-    if (QFileInfo(chosenPath) == QFileInfo(cachePath) && QFileInfo::exists(cachePath))
-        return true;
-    QFile::remove(cachePath);
-    if (!QFile::copy(chosenPath, cachePath))
+    QFile chosen(chosenPath);
+    if (!QFileInfo(chosenPath).isFile() || !chosen.open(QIODevice::ReadOnly) || chosen.size() > kMostCurveBytes)
         return false;
-    // A copy of a write-protected file must still be replaceable.
-    QFile::setPermissions(cachePath, QFile::permissions(cachePath) | QFileDevice::WriteOwner);
-    return true;
+    const QByteArray bytes = chosen.read(kMostCurveBytes);
+    return chosen.error() == QFileDevice::NoError && replaceWhole(cachePath, bytes, {});
 }
 
 bool hasCurveCache(const QString& cachePath)

@@ -48,7 +48,7 @@ bool writeCurveFile(const QString& path, const QByteArray& text);
 /// Path of a strip's copy of an imported response beside its workspace: folder (absolute), the strip's object name, and "Target"
 /// or "Source".
 QString curveCachePath(const QString& folder, const QString& objectName, const QString& curve);
-/// Puts the chosen file in the place of the copy. False when it could not be copied; there is no copy then.
+/// Puts the chosen file in the place of the copy, as a whole. False when it could not be copied; the old copy stays then.
 bool storeCurveCache(const QString& chosenPath, const QString& cachePath);
 /// There is something to import in the copy. Makes an empty file where there is none: it stands for an import that never was.
 bool hasCurveCache(const QString& cachePath);

@@ -57,6 +57,8 @@ public:
     bool isOpen() const { return mSettings != nullptr; }
     /// The write mode of the open workspace.
     int mode() const { return mMode; }
+    /// The file of the open workspace, also while a private copy is written to; empty while none is open.
+    QString filePath() const { return isOpen() ? mFilePath : QString(); }
     /// Whether the open workspace is this one of the present work mode.
     bool isCurrent(const QString& name) const;
     /// Closes the open workspace: mode 0 writes what is pending, mode 1 drops its private copy. Runs by itself when the

@@ -1,7 +1,11 @@
 #include "strips/output/OutputS1M4.h"
 
 #include "controls/PushButtonGroups.h"
+#include "equalizer/CurveFiles.h"
 #include "strips/PanelRows.h"
+#include "workspace/WorkspaceSubject.h"
+
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 using quillon::StripValue;
@@ -34,7 +38,7 @@ OutputS1M4::OutputS1M4(const QString& objectName, QWidget* parent) : OutputBase(
                                               }
                                           }});
     }
-    engine().setHooks({.fresh = [this] { raise(u"EQ"_s, u"Off"_s); }, .shown = {}});
+    engine().setHooks({.fresh = [this] { raise(u"EQ"_s, u"Off"_s); }, .shown = [this] { loadCurves(); }});
 }
 
 void OutputS1M4::in_widgetPushButtonGroup2_stateChanged(const QString& button, const QString& state)
@@ -50,6 +54,37 @@ void OutputS1M4::in_equalizer_attributeChanged(const QString&, const QString& at
     for (const View& view : mViews) {
         if (attribute == view.attribute) {
             engine().store(view.row, value.toInt());
+        }
+    }
+    for (const Curve& curve : mCurves) {
+        if (attribute != QLatin1StringView(curve.attribute)) {
+            continue;
+        }
+        if (const QString path = curvePath(curve); !path.isEmpty() && !quillon::storeCurveCache(value, path)) {
+            qWarning("OutputS1M4::in_equalizer_attributeChanged //failed to copy curve file");
+        }
+    }
+}
+
+/// Empty while no workspace is open.
+QString OutputS1M4::curvePath(const Curve& curve) const
+{
+    const QString workspace = WorkspaceSubject::instance().filePath();
+    return workspace.isEmpty()
+               ? QString()
+               : quillon::curveCachePath(QFileInfo(workspace).absolutePath(), objectName(), QLatin1StringView(curve.name));
+}
+
+void OutputS1M4::loadCurves()
+{
+    std::array<bool, 2> exists{};
+    for (std::size_t i = 0; i < mCurves.size(); ++i) {
+        const QString path = curvePath(mCurves[i]);
+        exists[i] = mCurves[i].import && !path.isEmpty() && quillon::hasCurveCache(path);
+    }
+    for (std::size_t i = 0; i < mCurves.size(); ++i) {
+        if (exists[i]) {
+            mCurves[i].import(curvePath(mCurves[i]));
         }
     }
 }

@@ -265,7 +265,10 @@ private slots:
             QCOMPARE(bytesOf(cached), text);
             QVERIFY(QFile::remove(chosen) && quillon::hasCurveCache(cached));
         }
-        QVERIFY(!quillon::storeCurveCache(mFolder.filePath("none"), cached) && !quillon::hasCurveCache(cached));
+        // What cannot be copied leaves the copy before it.
+        for (const QString& chosen : {mFolder.filePath("none"), mFolder.path()})
+            QVERIFY(!quillon::storeCurveCache(chosen, cached) && bytesOf(cached) == "second\n");
+        QVERIFY(!quillon::storeCurveCache(cached, mFolder.filePath("no/folder.csv")));
     }
 
 private:

@@ -24,6 +24,8 @@ public:
     void setStateCombined(bool on) { told += on; }
     void setStateFiltered(bool on) { told += on; }
     void setFilteredType(bool on) { told += on; }
+    void importTargetFile(const QString&) {}
+    void importSourceFile(const QString&) {}
     QList<bool> told;
 signals:
     void attributeChanged(QString objectName, QString attribute, QString value);
