@@ -1,5 +1,6 @@
 #include "equalizer/window/Chart.h"
 
+#include <QGraphicsLayout>
 #include <QLegend>
 #include <QLogValueAxis>
 #include <QSplineSeries>
@@ -7,11 +8,15 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 constexpr QColor kGround{22, 22, 22};
 constexpr double kMostDb = 1000; // far outside, but not so far that the painter loses count
+
+const QString kWholeNumbers = u"%g"_s;
 
 /// The points that a painter can place.
 QList<QPointF> drawable(const QList<QPointF>& points)
@@ -51,6 +56,7 @@ Chart::Chart(QWidget* parent) : QChartView(parent)
     mChart.setPlotAreaBackgroundVisible(true);
     mChart.legend()->hide();
     mChart.setMargins({});
+    mChart.layout()->setContentsMargins(0, 0, 0, 0);
     mChart.setBackgroundRoundness(0);
     mPlotFrame.setRect(mChart.plotArea());
 }
@@ -59,11 +65,13 @@ void Chart::setupAxes()
 {
     auto* frequencies = new QLogValueAxis;
     frequencies->setRange(20, 22000);
+    frequencies->setLabelFormat(kWholeNumbers);
     frequencies->setMinorTickCount(8);
     frequencies->setMinorGridLinePen(linePen(Qt::DashLine, 0.3));
     replaceAxis(frequencies, Qt::AlignBottom);
     auto* levels = new QValueAxis;
     levels->setRange(-20, 20);
+    levels->setLabelFormat(kWholeNumbers);
     levels->setTickCount(5);
     replaceAxis(levels, Qt::AlignLeft);
 

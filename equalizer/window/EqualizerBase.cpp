@@ -356,7 +356,7 @@ void EqualizerBase::layoutTitle(const QRect& title)
     mTitle->setGeometry(high, (high - text) / 2, title.width() - 2 * high, text);
 }
 
-/// A meter alone stands in the middle, and one with a fader at its left.
+/// A meter alone stands in the middle, one beside a fader at its left.
 void EqualizerBase::layoutSide(const SideParts& side) const
 {
     const int wide = side.pane->width();
@@ -365,7 +365,7 @@ void EqualizerBase::layoutSide(const SideParts& side) const
     side.label->setGeometry(0, 0, wide, label);
     const int half = wide / 2;
     if (side.meter) {
-        side.meter->setGeometry(0, label, side.fader ? half : wide, high);
+        side.meter->setGeometry(side.fader ? 0 : half / 2, label, half, high);
     }
     if (side.fader) {
         side.fader->setGeometry(half, label, wide - half, high);

@@ -349,7 +349,7 @@ void EqualizerPanelS1M1::layoutParts()
     mChart->setGeometry(left, chartTop, middle, top + chart - chartTop);
     mController->setGeometry(left, top + chart, middle, std::max(0, height() - top - chart));
     const int side = std::min(right, top);
-    mToolButton->setGeometry(width() - right + (right - side) / 2, 0, side, side);
+    mToolButton->setGeometry(width() - right + (right - side) / 2, (top + head - side) / 2, side, side);
     fitAxes();
 }
 
