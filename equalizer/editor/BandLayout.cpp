@@ -29,18 +29,15 @@ BandLayout layoutBand(QSize size)
         return QRect(0, top, size.width(), qRound(size.height() * (from + height) / 100) - top);
     };
     BandLayout layout;
-    double at = 0;
-    layout.number = row(at, kNumber);
-    at += kNumber + kNumberGap;
-    layout.type = row(at, kType);
+    layout.number = row(0, kNumber);
+    layout.type = row(kNumber + kNumberGap, kType);
     const int margin = qRound(size.width() * (100 - kTypeWidth) / 200);
     layout.type.adjust(margin, 0, -margin, 0);
-    at += kType + kTypeGap;
+    double at = kNumber + kNumberGap + kType + kTypeGap;
     for (QRect& dial : layout.dials) {
         dial = row(at, kDial);
         at += kDial + kDialGap;
     }
-    at -= kDialGap;
     const int room = size.height() - layout.dials.back().bottom() - 1;
     const int side = std::min(qRound(size.height() * kCheck / 100), room);
     layout.check = QRect((size.width() - side) / 2, size.height() - room + (room - side) / 2, side, side);
