@@ -5,6 +5,7 @@
 #include "controls/ComboBoxS1M2.h"
 #include "controls/group/PlateButton.h"
 
+#include <QAbstractScrollArea>
 #include <QEvent>
 #include <QLabel>
 #include <QPainter>
@@ -24,6 +25,7 @@ namespace
 constexpr double kRowHeight = 46;
 constexpr double kMargin = 14;
 constexpr double kPadding = 16;
+constexpr double kPageWidth = 624;
 
 // Shares of the width between the paddings.
 constexpr double kControlWidth = 0.37;
@@ -105,6 +107,7 @@ void SettingsRows::addControl(int row)
         connect(it.toggle, &QAbstractButton::clicked, this, [this, row](bool on) { take(row, on ? u"1"_s : u"0"_s); });
         break;
     case RowKind::Text:
+        mHasTexts = true;
         it.text = new QLabel(this);
         it.text->setTextFormat(Qt::PlainText); // what comes from the network is no markup
         it.text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -240,9 +243,23 @@ void SettingsRows::resizeEvent(QResizeEvent*)
     relayout();
 }
 
+/// A narrow page is a small one: all shrinks alike. The place is measured with its scroll bar, or the bar would come and go for
+/// ever.
+double SettingsRows::factor() const
+{
+    const QWidget* place = this;
+    for (const QWidget* above = parentWidget(); above != nullptr && !above->isWindow(); above = above->parentWidget()) {
+        if (qobject_cast<const QAbstractScrollArea*>(above) != nullptr) {
+            place = above;
+            break;
+        }
+    }
+    return std::min(mScale, place->width() / kPageWidth);
+}
+
 int SettingsRows::pixels(double atFactorOne) const
 {
-    return int(std::lround(atFactorOne * mScale));
+    return int(std::lround(atFactorOne * mFactor));
 }
 
 QRect SettingsRows::ground() const
@@ -274,7 +291,7 @@ void SettingsRows::layoutRow(int row)
         it.combo->setGeometry(atRight(room, width * kControlWidth, height * kControlHeight));
     if (it.text == nullptr) {
         if (it.button != nullptr)
-            it.button->setGeometry(atRight(room, width * kControlWidth, height * kControlHeight));
+            it.button->setGeometry(atRight(room, width * (mHasTexts ? kTextButtonWidth : kControlWidth), height * kControlHeight));
         return;
     }
     const double taken = it.button->isHidden() ? 0 : width * (kTextButtonWidth + kGap);
@@ -284,6 +301,7 @@ void SettingsRows::layoutRow(int row)
 
 void SettingsRows::relayout()
 {
+    mFactor = factor();
     setFixedHeight(2 * pixels(kMargin) + int(mRows.size()) * pixels(kRowHeight));
     for (int row = 0; row < mRows.size(); ++row)
         layoutRow(row);

@@ -82,11 +82,14 @@ private:
     void layoutRow(int row);
     void relayout();
     void fitTexts();
+    double factor() const;
     int pixels(double atFactorOne) const;
 
     QList<Row> mRows;
     bool mChinese = false;
-    double mScale = 1;
+    double mScale = 1;  // as set
+    double mFactor = 1; // as laid out
+    bool mHasTexts = false;
 };
 
 } // namespace quillon

@@ -17,11 +17,13 @@ namespace
 {
 
 // Pixels at factor 1.
-constexpr QSizeF kBaseSize{820, 530}; // with the shadow
+constexpr QSizeF kBaseSize{780, 490};
 constexpr double kColumnWidth = 156;
 constexpr double kTabHeight = 42;
 constexpr double kTabGap = 4;
 constexpr double kColumnMargin = 14;
+
+constexpr int kFrame = 42;        // pixels of border and shadow, at every factor
 constexpr double kLetters = 0.54; // of a tab's height
 
 constexpr quillon::BoxText kTitle{u"Settings", u"设置"};
@@ -91,8 +93,12 @@ bool TabWidgetS1M1::addScrolled(const QString& key, QScrollArea* area)
 void TabWidgetS1M1::setCurrentTab(const QString& key)
 {
     const qsizetype index = mNames.value(u"English"_s).indexOf(key);
-    if (index >= 0 && mPages[index] != nullptr)
-        mTabs[index]->setChecked(true);
+    if (index < 0 || mPages[index] == nullptr)
+        return;
+    const bool keyboardOnTabs = mColumn->isAncestorOf(focusWidget());
+    mTabs[index]->setChecked(true);
+    if (keyboardOnTabs)
+        mTabs[index]->setFocus();
 }
 
 void TabWidgetS1M1::setScaleFactor(double factor)
@@ -100,10 +106,13 @@ void TabWidgetS1M1::setScaleFactor(double factor)
     if (!(factor > 0))
         return;
     mScale = factor;
-    const QSize available = screen()->availableSize();
-    const QSize size = (kBaseSize * factor).toSize().boundedTo(available);
+    const QRect available = screen()->availableGeometry();
+    const QSize size = ((kBaseSize * factor).toSize() + QSize(kFrame, kFrame)).boundedTo(available.size());
     setMinimumSize(QSize(size.width() * 4 / 5, size.height() / 2));
     resize(size);
+    // What has grown beyond the edge of the screen could not be reached any more.
+    move(std::max(available.left(), std::min(x(), available.right() + 1 - width())),
+         std::max(available.top(), std::min(y(), available.bottom() + 1 - height())));
     layoutTabs();
 }
 
@@ -133,9 +142,9 @@ void TabWidgetS1M1::changeEvent(QEvent* event)
         layoutTabs();
 }
 
-void TabWidgetS1M1::showEvent(QShowEvent* event)
+void TabWidgetS1M1::resizeEvent(QResizeEvent* event)
 {
-    FramelessWindow::showEvent(event);
+    FramelessWindow::resizeEvent(event);
     layoutTabs();
 }
 
@@ -152,7 +161,8 @@ void TabWidgetS1M1::relabel()
 
 void TabWidgetS1M1::layoutTabs()
 {
-    const auto pixels = [this](double atFactorOne) { return int(std::lround(atFactorOne * mScale)); };
+    const double factor = std::min(mScale, (width() - kFrame) / kBaseSize.width());
+    const auto pixels = [factor](double atFactorOne) { return int(std::lround(atFactorOne * factor)); };
     const int margin = pixels(kColumnMargin);
     mColumn->setFixedWidth(pixels(kColumnWidth));
     mColumn->layout()->setContentsMargins(margin / 2, margin, margin / 2, margin);

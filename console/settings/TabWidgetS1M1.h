@@ -39,7 +39,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     bool addScrolled(const QString& key, QScrollArea* area);
