@@ -100,6 +100,7 @@ void Chart::addSplineSeries(const QString& name, const QColor& colour, double wi
         return;
     }
     auto* series = new QSplineSeries;
+    series->setName(name);
     mChart.addSeries(series);
     series->setPen(QPen(colour, width, Qt::PenStyle(penStyle)));
     for (const Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
