@@ -1,5 +1,6 @@
 #include "update/Download.h"
 
+#include "update/HostName.h"
 #include "update/Reply.h"
 #include "update/SizeText.h"
 
@@ -60,18 +61,29 @@ void Download::start(const QString& address, const UpdateSource& source)
         end({});
         return;
     }
+    awaitHostName(this, url.host(), source.downloadSilenceMs, [this, url, source](bool known) {
+        if (known) {
+            request(url, source);
+        } else {
+            qWarning().noquote() << kFailure << kTimedOut;
+            end({});
+        }
+    });
+}
+
+void Download::request(const QUrl& url, const UpdateSource& source)
+{
     QNetworkReply* reply = startReply(mNetwork, url, source.downloadSilenceMs, source.mostFileBytes);
     mSpeedTimer.start();
     connect(reply, &QNetworkReply::metaDataChanged, this, [this, reply] { announce(*reply); });
     connect(reply, &QNetworkReply::downloadProgress, this,
             [this, reply](qint64 received, qint64 total) { progress(*reply, received, total); });
     connect(reply, &QNetworkReply::readyRead, this, [this, reply] { take(*reply); });
-    const auto finished = [this, reply, url] {
+    connect(reply, &QNetworkReply::finished, this, [this, reply, url] {
         const QString path = finish(*reply, fileNameOf(url));
         reply->deleteLater();
         end(path);
-    };
-    connect(reply, &QNetworkReply::finished, this, finished);
+    });
 }
 
 void Download::announce(const QNetworkReply& reply)

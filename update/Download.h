@@ -34,6 +34,7 @@ signals:
     void succeeded(QString path);
 
 private:
+    void request(const QUrl& url, const UpdateSource& source);
     void announce(const QNetworkReply& reply);
     void progress(const QNetworkReply& reply, qint64 received, qint64 total);
     void take(QNetworkReply& reply);

@@ -5,7 +5,10 @@
 namespace quillon
 {
 
-// What a platform does with an archive that was downloaded or chosen. Worker thread.
+// What each platform does in its own way.
+
+/// Looks a host's name up, so that the system's resolver has tried it once; blocks. Any thread.
+void lookUpHost(const char* name);
 
 /// Starts the setup program inside an archive, on its own. Returns why it could not, empty on success.
 QString startSetup(const QString& archive);

@@ -9,11 +9,20 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <netdb.h>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon
 {
+
+void lookUpHost(const char* name)
+{
+    addrinfo* found = nullptr;
+    if (::getaddrinfo(name, nullptr, nullptr, &found) == 0) {
+        ::freeaddrinfo(found);
+    }
+}
 
 QString startSetup(const QString& archive)
 {

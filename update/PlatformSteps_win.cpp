@@ -36,6 +36,11 @@ QString doubleQuoted(QString path)
 
 } // namespace
 
+void lookUpHost(const char*)
+{
+    // The resolver of this platform gives up by itself.
+}
+
 QString startSetup(const QString& archive)
 {
     QProcess process;

@@ -83,7 +83,7 @@ QString failureOf(const QNetworkReply& reply)
     case QNetworkReply::NoError:
         return {};
     case QNetworkReply::OperationCanceledError: // as the transfer time-out shows itself
-        return u"Request timed out"_s;
+        return QLatin1StringView(kTimedOut);
     default:
         return printable(reply.errorString());
     }

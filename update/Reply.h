@@ -9,6 +9,9 @@ class QNetworkReply;
 namespace quillon
 {
 
+/// Why a request failed whose host was silent.
+inline constexpr const char* kTimedOut = "Request timed out";
+
 /// Whether the updates speak to this address: HTTPS with a host.
 bool isUpdateAddress(const QUrl& url);
 

@@ -1,5 +1,6 @@
 #include "update/UpdaterBase.h"
 
+#include "update/HostName.h"
 #include "update/Reply.h"
 #include "update/UpdateThread.h"
 
@@ -14,6 +15,8 @@ using namespace quillon;
 
 namespace
 {
+
+constexpr const char* kFailure = "Error occurred during get json:";
 
 /// Written by the worker, read by everybody.
 struct SharedManifest {
@@ -30,7 +33,7 @@ SharedManifest& sharedManifest()
 bool takeManifest(QNetworkReply& reply)
 {
     if (const QString failure = failureOf(reply); !failure.isEmpty()) {
-        qWarning().noquote() << "Error occurred during get json:" << failure;
+        qWarning().noquote() << kFailure << failure;
         return false;
     }
     const QJsonDocument document = QJsonDocument::fromJson(reply.readAll());
@@ -122,16 +125,21 @@ void UpdaterBase::setSource(const UpdateSource& source)
 void UpdaterBase::fetch(const std::function<void(bool)>& whenDone)
 {
     if (!isUpdateAddress(mSource.manifest)) {
-        qWarning().noquote() << "Error occurred during get json:"
-                             << "no update host";
+        qWarning().noquote() << kFailure << "no update host";
         whenDone(false);
         return;
     }
-    QNetworkReply* reply = startReply(*mNetwork, mSource.manifest, mSource.fetchSilenceMs, mSource.mostManifestBytes);
-    const auto finished = [reply, whenDone] {
-        const bool success = takeManifest(*reply);
-        reply->deleteLater();
-        whenDone(success);
-    };
-    connect(reply, &QNetworkReply::finished, this, finished);
+    awaitHostName(this, mSource.manifest.host(), mSource.fetchSilenceMs, [this, whenDone](bool known) {
+        if (!known) {
+            qWarning().noquote() << kFailure << kTimedOut;
+            whenDone(false);
+            return;
+        }
+        QNetworkReply* reply = startReply(*mNetwork, mSource.manifest, mSource.fetchSilenceMs, mSource.mostManifestBytes);
+        connect(reply, &QNetworkReply::finished, this, [reply, whenDone] {
+            const bool success = takeManifest(*reply);
+            reply->deleteLater();
+            whenDone(success);
+        });
+    });
 }

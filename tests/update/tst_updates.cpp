@@ -13,10 +13,33 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
+#include <atomic>
+#include <dlfcn.h>
+#include <netdb.h>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
+
+namespace
+{
+
+std::atomic<bool> gResolverHangs = false;
+std::atomic<int> gLookUps = 0;
+
+} // namespace
+
+/// In place of the system's, also for the network library: counts, and hangs when told to.
+extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo* hints, addrinfo** found)
+{
+    ++gLookUps;
+    for (int i = 0; i < 500 && gResolverHangs; ++i) {
+        QThread::msleep(10);
+    }
+    static const auto system = reinterpret_cast<decltype(&getaddrinfo)>(dlsym(RTLD_NEXT, "getaddrinfo"));
+    return system(name, service, hints, found);
+}
 
 namespace
 {
@@ -110,6 +133,8 @@ private slots:
     void fileIsPrivate();
     void sizes();
     void gateway();
+    void namesAreLookedUp();
+    void silentNameServer();
     void quitEndsAWaitingFetch();
     void threadEndsInTheMiddle_data();
     void threadEndsInTheMiddle();
@@ -443,6 +468,42 @@ void tst_updates::gateway()
     QCOMPARE(UpdaterFirmwareM1::instance().currentVersion(), QString());
     updates.setFirmwareVersion(u"1.0.7"_s);
     QCOMPARE(UpdaterFirmwareM1::instance().currentVersion(), u"1.0.7"_s);
+}
+
+void tst_updates::namesAreLookedUp()
+{
+    UpdateServer server(u"good"_s);
+    server.answers.insert(QLatin1StringView(kManifest), Answer::of("{}"));
+    Rig rig(server, 2000);
+    rig.source.manifest.setHost(u"localhost"_s);
+    rig.updater->setSource(rig.source);
+    QVERIFY(rig.updater->fetchInfoAndWait());
+    rig.source.manifest.setHost(u"unknown.invalid"_s);
+    rig.updater->setSource(rig.source);
+    expect(kFetch + u"Host unknown.invalid not found"_s);
+    QVERIFY(!rig.updater->fetchInfoAndWait());
+}
+
+// Nothing may wait for the resolver; least of all the end of the program, for which the network library would.
+void tst_updates::silentNameServer()
+{
+    UpdateServer server(u"good"_s);
+    Rig rig(server);
+    rig.source.manifest.setHost(u"updates.invalid"_s);
+    rig.updater->setSource(rig.source);
+    gLookUps = 0;
+    gResolverHangs = true;
+    QElapsedTimer timer;
+    timer.start();
+    expect(kFetch + u"Request timed out"_s);
+    QVERIFY(!rig.updater->fetchInfoAndWait());
+    expect(kDownload + u"Request timed out"_s);
+    QCOMPARE(rig.download(rig.source.manifest.toString()), u"Failed"_s);
+    QVERIFY(timer.elapsed() >= 800 && timer.elapsed() < 3000);
+    gResolverHangs = false;
+    QCOMPARE(gLookUps, 2); // none by the network library, now or later
+    QTest::qWait(100);
+    QCOMPARE(gLookUps, 2);
 }
 
 void tst_updates::quitEndsAWaitingFetch()
