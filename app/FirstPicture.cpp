@@ -42,7 +42,7 @@ private:
 
 void afterFirstPicture(const QWidget& window, std::function<void()> act)
 {
-    if (QWindow* shown = window.windowHandle()) {
+    if (QWindow* shown = window.windowHandle(); shown != nullptr && !shown->isExposed()) {
         new ExposeWatch(shown, std::move(act));
     } else {
         act();

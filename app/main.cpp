@@ -1,6 +1,5 @@
 #include "app/AppSettingsSubject.h"
 #include "app/Application.h"
-#include "app/FirstPicture.h"
 #include "app/FontStart.h"
 #include "app/LogHandler.h"
 #include "app/ScreenFit.h"
@@ -45,8 +44,6 @@ int main(int argc, char** argv)
     {
         DeviceConnector connector;
         connector.showSeries(u"Vantor"_s, {{u"R47"_s, {u"0x152A"_s, u"0x875C"_s}}});
-        // The desktop's panel is asked over a bus; the window does not wait for that.
-        quillon::afterFirstPicture(connector, [] { SingleInstanceManager::instance().openTray(); });
         fonts.completeAfter(connector);
         result = QApplication::exec();
         // The console's device closes its channel only when the connector goes, after the library was left.

@@ -84,8 +84,11 @@ void DeviceConnector::showSeries(const QString& series, const QHash<QString, QPa
     USBAudioAPI::instance().setDevices(devices.values());
     openView(*creator);
     showAtScale();
-    // All its sizes are unpacked, which takes longer than the rest of the window.
-    afterFirstPicture(*this, [this] { setWindowIcon(QIcon(u":/Icon/Vantor.ico"_s)); });
+    // All sizes of the icon are unpacked, which takes longer than the rest of the window; and the tray is looked for over a bus.
+    afterFirstPicture(*this, [this] {
+        setWindowIcon(QIcon(u":/Icon/Vantor.ico"_s));
+        SingleInstanceManager::instance().openTray();
+    });
 
     USBAudioAPI& driver = USBAudioAPI::instance();
     const int restPage = driver.apiVersion() != 0 && driver.checkApiVersion() ? PageNoDevice : PageDriverMissing;
