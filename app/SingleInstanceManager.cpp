@@ -80,6 +80,7 @@ void SingleInstanceManager::checkAndActivate()
 {
     auto turn = mScope.takeTurn();
     if (otherInstanceLives()) {
+        mSharedMemory->detach();
         turn.reset();
         activateOther();
     }
@@ -104,10 +105,10 @@ bool SingleInstanceManager::otherInstanceLives()
             return true;
         }
         if (mSharedMemory->create(1, QSharedMemory::ReadWrite)) {
-            return false;
+            break;
         }
     }
-    // A system without such memory.
+    // The memory's file may have been tidied away from under the one who lives.
     return serverAnswers();
 }
 
@@ -120,9 +121,7 @@ bool SingleInstanceManager::serverAnswers() const
 
 void SingleInstanceManager::startServer()
 {
-    if (!serverAnswers()) {
-        QLocalServer::removeServer(mScope.serverName()); // a killed process leaves it
-    }
+    QLocalServer::removeServer(mScope.serverName()); // a killed process leaves it
     mLocalServer = new QLocalServer(this);
     mLocalServer->setSocketOptions(QLocalServer::UserAccessOption);
     connect(mLocalServer, &QLocalServer::newConnection, this, &SingleInstanceManager::acceptConnection);
@@ -178,6 +177,9 @@ void SingleInstanceManager::activateWindow()
 
 void SingleInstanceManager::openTray()
 {
+    if (!mIsOwner || mTrayPlace != nullptr) {
+        return;
+    }
     mTrayPlace = new quillon::TrayPlace(this);
     connect(mTrayPlace, &quillon::TrayPlace::changed, this, &SingleInstanceManager::placeIcon);
 }

@@ -27,7 +27,7 @@ public:
     /// Where another instance runs, tells it to come to the front and ends this process with exit(0). Otherwise this one is the
     /// first and can be reached from then on. Once, before anything is read or written.
     void checkAndActivate();
-    /// Puts the icon into the tray, now or when a tray comes. Once.
+    /// Puts the icon into the tray, now or when a tray comes. Nothing in a program that is not the one instance.
     void openTray();
     /// Replaces the icon: path of an image, also of a resource.
     void setTrayIcon(QString path);

@@ -172,6 +172,7 @@ private slots:
     void aKilledOneLocksNobodyOut();
     void manyAtOnce();
     void sessionsAreApart();
+    void aTidiedFolderMakesNoSecond();
     void aHeldTurnDelaysOnly();
     void closingWithoutTray();
     void autoStart_data();
@@ -305,6 +306,17 @@ void TestInstance::sessionsAreApart()
     QVERIFY2(gaveWay(*there.start()), "the lock of another session went with the first");
     QVERIFY(quits(*two));
     QVERIFY(!one->readAllStandardOutput().contains("shown"));
+}
+
+void TestInstance::aTidiedFolderMakesNoSecond()
+{
+    Session session;
+    const auto first = session.start({u"Console"_s});
+    QVERIFY(says(*first, "up"));
+    QVERIFY(QFile::remove(session.server() + u".memory"_s));
+    QVERIFY(gaveWay(*session.start()));
+    QVERIFY(says(*first, "Console shown"));
+    QVERIFY(quits(*first));
 }
 
 void TestInstance::aHeldTurnDelaysOnly()
