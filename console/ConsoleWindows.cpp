@@ -1,6 +1,10 @@
 #include "console/ConsoleWindows.h"
 
+#include "console/SettingsWindow.h"
 #include "console/ducking/R47_PrivateWidget1.h"
+#include "equalizer/window/EqualizerS1M1.h"
+#include "equalizer/window/EqualizerS1M2.h"
+#include "strips/output/OutputS1M4.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +16,21 @@ namespace
 
 constexpr std::array kPages{PageMble, PageLive, PageTyro, PageProf};
 
+struct EqualizerRow {
+    const char16_t* object;
+    EqualizerBase* (*make)(QWidget* owner);
+    int bands;
+};
+template<class Window> EqualizerBase* makeWindow(QWidget* owner)
+{
+    return new Window(owner);
+}
+// By ConsoleLinks::Channel.
+constexpr std::array kEqualizers{EqualizerRow{u"EQ_IN1", makeWindow<EqualizerS1M2>, 4},
+                                 EqualizerRow{u"EQ_IN2", makeWindow<EqualizerS1M2>, 4},
+                                 EqualizerRow{u"EQ_HP", makeWindow<EqualizerS1M1>, 10}};
+static_assert(kEqualizers.size() == ConsoleLinks::ChannelCount);
+
 void present(QWidget& window)
 {
     window.show();
@@ -22,14 +41,23 @@ void present(QWidget& window)
 } // namespace
 
 ConsoleWindows::ConsoleWindows(QWidget& owner, DeviceR47& device, InboundRouter& router, ConsoleLinks& links)
-    : QObject(&owner), mDevice(device), mRouter(router), mLinks(links), mDucking(new R47_PrivateWidget1(&owner))
+    : QObject(&owner), mDevice(device), mRouter(router), mLinks(links), mDucking(new R47_PrivateWidget1(&owner)),
+      mSettings(new SettingsWindow(owner))
 {
+    for (std::size_t i = 0; i < kEqualizers.size(); ++i) {
+        mEqualizers[i] = kEqualizers[i].make(&owner);
+        mEqualizers[i]->setObjectName(QString::fromUtf16(kEqualizers[i].object));
+        mEqualizers[i]->setFont(GlobalFont::instance().font());
+        mEqualizers[i]->setItemCount(kEqualizers[i].bands);
+    }
 }
 
 void ConsoleWindows::join(const std::vector<ConsolePage*>& pages)
 {
     joinDucking(pages);
+    joinEqualizers(pages);
     joinLamps(pages);
+    mSettings->bind(mRouter);
 }
 
 void ConsoleWindows::joinDucking(const std::vector<ConsolePage*>& pages)
@@ -61,6 +89,61 @@ void ConsoleWindows::joinDucking(const std::vector<ConsolePage*>& pages)
     }
 }
 
+void ConsoleWindows::joinEqualizers(const std::vector<ConsolePage*>& pages)
+{
+    for (std::size_t i = 0; i < kEqualizers.size(); ++i) {
+        EqualizerBase* window = mEqualizers[i];
+        connect(window, &EqualizerBase::attributeChanged, &mDevice, &DeviceR47::in_Equalizer_attributeChanged,
+                Qt::UniqueConnection);
+        connect(window, &EqualizerBase::attributeChanged, this,
+                [&lamps = mLinks.equalizerLamps[i]](const QString&, const QString& attribute, const QString& value) {
+                    if (attribute == u"Switch"_s) {
+                        ConsoleLinks::show(lamps, value.toInt() != 0);
+                    }
+                });
+        mLinks.equalizer[i] = [window](const QString& value) {
+            if (value == u"Show"_s) {
+                present(*window);
+            } else {
+                window->setSwitch(value == u"On"_s, true);
+            }
+        };
+        mRouter.bindBands(window->objectName(), [window](const QString& band, const QString& attribute, const QString& value) {
+            window->setItemAttribute(band, attribute, value);
+        });
+        for (const PageId id : kPages) {
+            mRouter.bind(id, window->objectName(), *window);
+        }
+    }
+    for (const PageId id : kPages) {
+        mRouter.bind(id, u"Input_IN1", u"Meter", mEqualizers[ConsoleLinks::In1]->deviceSetter(u"MeterLeft"));
+        mRouter.bind(id, u"Input_IN2", u"Meter", mEqualizers[ConsoleLinks::In2]->deviceSetter(u"MeterLeft"));
+    }
+    joinHeadphones(*pages[PageProf]);
+}
+
+/// The output gain of the window and the fader of the strip are one value, and the strip keeps the window's settings.
+void ConsoleWindows::joinHeadphones(ConsolePage& page)
+{
+    EqualizerBase* window = mEqualizers[ConsoleLinks::Headphones];
+    auto* strip = page.findChild<OutputS1M4*>(u"Output_HP"_s);
+    strip->setEqualizer(window);
+    connect(strip, &OutputS1M4::attributeChanged, window, [window](const QString&, const QString& attribute, const QString& value) {
+        if (attribute == u"GAINLeft"_s) {
+            window->setGainOutputLeft(value.toFloat());
+        }
+    });
+    connect(window, &EqualizerBase::attributeChanged, strip,
+            [set = strip->deviceSetter(u"GAIN")](const QString&, const QString& attribute, const QString& value) {
+                if (attribute == u"GainOutputLeft"_s) {
+                    set(value.toFloat());
+                }
+            });
+    mRouter.bind(PageProf, u"Output_HP", u"MeterLeft", window->deviceSetter(u"OutputLeft"));
+    mRouter.bind(PageProf, u"Output_HP", u"MeterRight", window->deviceSetter(u"OutputRight"));
+    mRouter.bind(PageProf, u"Output_HP", u"GAIN", window->deviceSetter(u"GainOutput"));
+}
+
 /// What the device says of a window's switch is a lamp on the strips of all pages.
 void ConsoleWindows::joinLamps(const std::vector<ConsolePage*>& pages)
 {
@@ -87,16 +170,25 @@ void ConsoleWindows::joinLamps(const std::vector<ConsolePage*>& pages)
 void ConsoleWindows::setPage(PageId page)
 {
     mDucking->setLayoutForMobile(page != PageMble);
+    mSettings->setDisplayMode(QString::fromUtf8(pageRow(page)->modeWord));
 }
 
 void ConsoleWindows::setScaleFactor(double factor)
 {
     mDucking->setScaleFactor(factor);
+    mSettings->setScaleFactor(factor);
+    for (EqualizerBase* window : mEqualizers) {
+        window->setScaleFactor(factor);
+    }
 }
 
 void ConsoleWindows::hide()
 {
     mDucking->hide();
+    mSettings->hide();
+    for (EqualizerBase* window : mEqualizers) {
+        window->hide();
+    }
 }
 
 } // namespace quillon

@@ -5,10 +5,13 @@
 #include <QObject>
 #include <vector>
 
+class EqualizerBase;
 class R47_PrivateWidget1;
 
 namespace quillon
 {
+
+class SettingsWindow;
 
 /// The windows of the console that belong to no page: made hidden with it, opened from strips and bars, in step with the device
 /// whichever page is shown. GUI thread.
@@ -25,15 +28,20 @@ public:
     void setPage(PageId page);
     void setScaleFactor(double factor);
     void hide();
+    SettingsWindow& settings() { return *mSettings; }
 
 private:
     void joinDucking(const std::vector<ConsolePage*>& pages);
+    void joinEqualizers(const std::vector<ConsolePage*>& pages);
+    void joinHeadphones(ConsolePage& page);
     void joinLamps(const std::vector<ConsolePage*>& pages);
 
     DeviceR47& mDevice;
     InboundRouter& mRouter;
     ConsoleLinks& mLinks;
     R47_PrivateWidget1* mDucking;
+    std::array<EqualizerBase*, ConsoleLinks::ChannelCount> mEqualizers{};
+    SettingsWindow* mSettings;
 };
 
 } // namespace quillon

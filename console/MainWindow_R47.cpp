@@ -6,11 +6,13 @@
 #include "console/EasySetup.h"
 #include "console/PageSize.h"
 #include "console/RecoveryPage.h"
+#include "console/SettingsWindow.h"
 #include "console/StatusLine.h"
 #include "console/head/FieldHeadS1M1.h"
 #include "console/head/FieldHeadS1M2.h"
 #include "console/pages/Pages.h"
 #include "device/USBAudioAPI.h"
+#include "update/UpdateGateway.h"
 #include "workspace/WorkspaceSubject.h"
 
 #include <QAction>
@@ -113,6 +115,11 @@ template<class Head> Head* MainWindow_R47::addHead(PageId page)
     head->setFont(GlobalFont::instance().font());
     AppSettingsSubject::instance().addObserver(head);
     connect(head, &Head::attributeChanged, &mDevice, &DeviceR47::in_fieldHead_attributeChanged, Qt::UniqueConnection);
+    connect(head, &Head::attributeChanged, this, [this](const QString& object, const QString&, const QString&) {
+        if (object == u"SystemSettings"_s) {
+            mWindows.settings().show();
+        }
+    });
     mPages[page]->setHead(head);
     mHeads.push_back(head);
     return head;
@@ -122,6 +129,8 @@ void MainWindow_R47::connectLinks()
 {
     connect(mRecovery, &RecoveryPage::onlineRequested, this, &MainWindow_R47::on_PageFctyPushButton1_clicked);
     connect(mRecovery, &RecoveryPage::manualRequested, this, &MainWindow_R47::on_PageFctyPushButton2_clicked);
+    connect(&mHandover, &FirmwareHandover::ready, this, &MainWindow_R47::on_PageFctyPushButton1_clicked);
+    connect(&mWindows.settings(), &SettingsWindow::attributeChanged, this, &MainWindow_R47::in_settings_attributeChanged);
     connect(mStatus, &StatusLine::easyRequested, this,
             [this] { in_settings_attributeChanged(u"SettingsDevice"_s, u"DisplayMode"_s, u"Easy mode"_s); });
     connect(&WorkspaceSubject::instance(), &WorkspaceSubject::attributeChanged, &mDevice, &DeviceR47::in_Others_attributeChanged,
@@ -153,6 +162,19 @@ void MainWindow_R47::connectLinks()
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, qApp, &QCoreApplication::quit);
     addAction(quit);
+}
+
+void MainWindow_R47::setUpdateGateway(UpdateGateway* gateway)
+{
+    mWindows.settings().setUpdateGateway(gateway);
+    if (gateway != nullptr) {
+        connect(this, &MainWindow_R47::firmwareIdentified, gateway, &UpdateGateway::setFirmwareVersion, Qt::UniqueConnection);
+    }
+}
+
+void MainWindow_R47::setAutoStarter(const std::function<void(bool)>& starter)
+{
+    mWindows.settings().setAutoStarter(starter);
 }
 
 void MainWindow_R47::sendAuth()
@@ -289,6 +311,8 @@ void MainWindow_R47::in_USBAudio_attributeChanged(QString attribute, QString)
         showStreams(true);
     } else if (attribute == u"BufferSize"_s) {
         showStreams(false);
+    } else if (attribute == u"SafeMode"_s) {
+        mWindows.settings().setSafeMode(USBAudioAPI::instance().getSafeModeOfActiveDevice());
     }
 }
 
@@ -303,11 +327,15 @@ void MainWindow_R47::showStreams(bool rates)
     };
     if (rates) {
         const int rate = driver.getSampleRateOfActiveDevice();
-        tell(&FieldHead::setSampleRates, driver.getSampleRateOfActiveDeviceSupported(), rate);
+        const QList<int> supported = driver.getSampleRateOfActiveDeviceSupported();
+        tell(&FieldHead::setSampleRates, supported, rate);
+        mWindows.settings().setSampleRates(supported, rate);
         mStatus->setSampleRate(rate);
     }
     const int size = driver.getBufferSizeOfActiveDevice();
-    tell(&FieldHead::setBufferSizes, driver.getBufferSizeOfActiveDeviceSupported(), size);
+    const QList<int> supported = driver.getBufferSizeOfActiveDeviceSupported();
+    tell(&FieldHead::setBufferSizes, supported, size);
+    mWindows.settings().setBufferSizes(supported, size);
     mStatus->setBufferSize(size);
 }
 
@@ -326,6 +354,9 @@ void MainWindow_R47::in_mDevice_newFrameReceived(DeviceType1::FrameInfo frame)
 void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
 {
     const int code = frame.code & 0xFFFF;
+    if (mRouter.route(mPageID, frame)) {
+        return; // an option of the device's own
+    }
     if (code == 0x1101 && frame.value >= 0) {
         finishAuth(frame.value);
     } else if (code == 0x1118 || code == 0x1119) {
@@ -333,7 +364,9 @@ void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
             code == 0x1118 ? head->setBattery(frame.value) : head->setCharging(frame.value != 0);
         }
     } else if (code == 0x1201) {
-        mStatus->setFirmware(firmwareVersionText(frame.value));
+        const QString version = firmwareVersionText(frame.value);
+        mStatus->setFirmware(version);
+        mWindows.settings().setFirmwareVersion(version);
     } else if (code >= 0x1202 && code <= 0x1206) {
         if (const QString identity = mIdentity.take(code - 0x1201, frame.value); !identity.isEmpty()) {
             emit firmwareIdentified(identity);
@@ -343,18 +376,41 @@ void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
 
 void MainWindow_R47::in_settings_attributeChanged(QString objectName, QString attribute, QString value)
 {
+    if (attribute == u"UpdateFirmware"_s) {
+        mDevice.in_Others_attributeChanged(objectName, attribute, value);
+        handOverForFirmware();
+        return;
+    }
+    if (attribute == u"UpdateSoftware"_s) {
+        emit attributeChanged(u"R47"_s, attribute, QString());
+        return;
+    }
     if (attribute != u"DisplayMode"_s) {
+        mDevice.in_Others_attributeChanged(objectName, attribute, value);
         return;
     }
     // The device knows the simple console as its Live mode: from one to the other it has nothing to do.
     if (value == QLatin1StringView(pageRow(PageTyro)->modeWord)) {
         setPage(PageTyro);
+        mWindows.settings().hide();
         return;
     }
     if (mPageID == PageTyro && value == QLatin1StringView(pageRow(PageLive)->modeWord)) {
         setPage(PageLive);
     }
     mDevice.in_Others_attributeChanged(objectName, u"FirmwareSelected"_s, value);
+}
+
+/// The unit has been told to go into its update mode. From here on it is the connection window's.
+void MainWindow_R47::handOverForFirmware()
+{
+    endConnection();
+    mDevice.stopDevice();
+    centralWidget()->setEnabled(false); // nobody would hear what is set now
+    mWindows.hide();
+    const bool chinese = QSettings().value("Language").toString() == u"Chinese"_s;
+    statusBar()->showMessage(chinese ? u"正在准备固件更新......"_s : u"Preparing the firmware update..."_s);
+    mHandover.start(u"R47"_s);
 }
 
 void MainWindow_R47::on_PageFctyPushButton1_clicked()

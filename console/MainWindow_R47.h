@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console/ConsoleWindows.h"
+#include "console/FirmwareHandover.h"
 #include "console/FirmwareIdentity.h"
 #include "console/InboundRouter.h"
 #include "console/MainWindow_Base.h"
@@ -20,6 +21,7 @@ namespace quillon
 class ConsolePage;
 class FieldHead;
 class StatusLine;
+class UpdateGateway;
 } // namespace quillon
 
 /// The console of the R47: its pages, its device, and the ways between them. GUI thread.
@@ -35,11 +37,16 @@ public:
     /// Shows a page and opens its workspace, which tells the device all of it. An id that is no page is ignored.
     void setPage(int page);
     int pageId() const { return mPageID; }
+    /// Where newer versions are asked for, and who hears what firmware the unit has. Null: nobody.
+    void setUpdateGateway(quillon::UpdateGateway* gateway);
+    /// Who makes and removes the entry that starts the program at log-in.
+    void setAutoStarter(const std::function<void(bool)>& starter);
 
 public slots:
     void in_USBAudio_attributeChanged(QString attribute, QString value) override;
     void in_mDevice_newFrameReceived(DeviceType1::FrameInfo frame);
-    /// An event of the settings: a work mode goes to the device, or, where only the console knows it, to the page.
+    /// An event of the settings: an option or a work mode goes to the device, a mode that only the console knows to the page, an
+    /// update to the connection window.
     void in_settings_attributeChanged(QString objectName, QString attribute, QString value);
     void on_PageFctyPushButton1_clicked();
     void on_PageFctyPushButton2_clicked();
@@ -63,12 +70,14 @@ private:
     void modifyScaleFactor();
     void modifyLanguage(const QString& language);
     void handleSystemFrame(const DeviceType1::FrameInfo& frame);
+    void handOverForFirmware();
     quillon::ConsolePage* currentPage() const;
 
     DeviceR47 mDevice;
     quillon::InboundRouter mRouter;
     quillon::ConsoleLinks mLinks;
     quillon::FirmwareIdentity mIdentity;
+    quillon::FirmwareHandover mHandover;
     QStackedWidget* mStack;
     RecoveryPage* mRecovery;
     quillon::StatusLine* mStatus;
