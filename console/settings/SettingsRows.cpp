@@ -83,6 +83,7 @@ void SettingsRows::addRow(const RowShape& shape)
     it.label->setObjectName("label"_L1 + name);
     it.label->setBuddy(it.control);
     it.control->setObjectName(name);
+    it.control->resize(1, 1); // without a size a control fits no text, and each fit costs the measures of a font
     if (it.text != nullptr)
         it.text->setObjectName("text"_L1 + name);
     for (const RowChoice& choice : shape.choices) {
@@ -99,6 +100,7 @@ void SettingsRows::addControl(int row)
     case RowKind::Combo:
         it.control = it.combo = new ComboBoxS1M2(this);
         it.combo->setFont(font());
+        it.combo->setMaxVisibleItems(14); // the longest list as a whole
         it.combo->installEventFilter(this);
         connect(it.combo, &QComboBox::activated, this, [this, row](int index) { take(row, mRows[row].choices[index].data); });
         break;
@@ -243,6 +245,11 @@ void SettingsRows::resizeEvent(QResizeEvent*)
     relayout();
 }
 
+void SettingsRows::showEvent(QShowEvent*)
+{
+    relayout();
+}
+
 /// A narrow page is a small one: all shrinks alike. The place is measured with its scroll bar, or the bar would come and go for
 /// ever.
 double SettingsRows::factor() const
@@ -303,6 +310,8 @@ void SettingsRows::relayout()
 {
     mFactor = factor();
     setFixedHeight(2 * pixels(kMargin) + int(mRows.size()) * pixels(kRowHeight));
+    if (!isVisible())
+        return; // measured when it is shown
     for (int row = 0; row < mRows.size(); ++row)
         layoutRow(row);
     fitTexts();

@@ -142,6 +142,12 @@ void TabWidgetS1M1::changeEvent(QEvent* event)
         layoutTabs();
 }
 
+void TabWidgetS1M1::showEvent(QShowEvent* event)
+{
+    FramelessWindow::showEvent(event);
+    layoutTabs();
+}
+
 void TabWidgetS1M1::resizeEvent(QResizeEvent* event)
 {
     FramelessWindow::resizeEvent(event);
@@ -161,6 +167,8 @@ void TabWidgetS1M1::relabel()
 
 void TabWidgetS1M1::layoutTabs()
 {
+    if (!isVisible())
+        return; // measured when it is shown
     const double factor = std::min(mScale, (width() - kFrame) / kBaseSize.width());
     const auto pixels = [factor](double atFactorOne) { return int(std::lround(atFactorOne * factor)); };
     const int margin = pixels(kColumnMargin);

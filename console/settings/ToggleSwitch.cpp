@@ -49,6 +49,8 @@ QRectF ToggleSwitch::wordPlace(bool on) const
 
 void ToggleSwitch::refit()
 {
+    if (height() < 2)
+        return;
     const QRect room(QPoint(), QSizeF(wordPlace(true).width(), height() * kWordHeight).toSize());
     const GlobalFont& fonts = GlobalFont::instance();
     QFont fitted = mFace;
