@@ -123,8 +123,9 @@ void SettingsRows::addControl(int row)
     }
 }
 
-/// A choice that is made again is none: the device and the store hear of changes only.
-void SettingsRows::take(int row, const QString& value)
+/// A choice that is made again is none: the device and the store hear of changes only. Its text is a copy: who hears may replace the
+/// choices.
+void SettingsRows::take(int row, QString value)
 {
     if (mRows[row].value == value)
         return;

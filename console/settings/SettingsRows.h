@@ -76,7 +76,7 @@ private:
 
     void addRow(const RowShape& shape);
     void addControl(int row);
-    void take(int row, const QString& value);
+    void take(int row, QString value);
     void relabel(Row& row);
     QRect ground() const;
     QRect place(int row) const;
