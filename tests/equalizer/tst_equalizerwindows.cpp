@@ -180,6 +180,8 @@ private slots:
         tool.updateBands({{.name = u"1"_s, .enabled = true, .frequency = 1000, .q = 0.7}});
         tool.importCurve(u"Target"_s, bench.folder.filePath(u"t.csv"_s));
         tool.importCurve(u"Source"_s, bench.folder.filePath(u"s.csv"_s));
+        bench.settle();
+        QCOMPARE(bench.series(u"Source"_s)->points(), tool.curve(u"SourceRaw"_s));
         for (const bool on : {true, false}) {
             bench.click(u"Compensated"_s);
             QCOMPARE(bench.part<QPushButton>(u"Compensated"_s)->text(), on ? u"Compensated"_s : u"Raw"_s);
@@ -289,9 +291,8 @@ private slots:
             Bench bench;
             const QString path = bench.write(u"f"_s, QByteArray("EQFilterParameters\n") + kResponse);
             bench.window->setFileChooser([&bench, path](const EqualizerTool::FileQuestion&) {
-                const QString answer = path; // this function goes with the window
                 bench.window.reset();
-                return answer;
+                return path;
             });
             bench.choose(QLatin1StringView(action));
             QVERIFY(!bench.window && bench.said.isEmpty());
