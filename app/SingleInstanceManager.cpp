@@ -216,8 +216,8 @@ void SingleInstanceManager::stepBack(QWidget& window)
     if (mTrayPlace != nullptr) {
         placeIcon(); // not every kind of tray tells when it comes
     }
-    const bool stranded = mTrayIcon == nullptr || !mTrayPlace->isThere();
-    if (mIsOwner && stranded && !quillon::Application::isLeaving()) {
+    const bool inTray = mTrayIcon != nullptr && mTrayPlace != nullptr && mTrayPlace->isThere();
+    if (mIsOwner && !inTray && !quillon::Application::isLeaving()) {
         window.showMinimized();
     } else {
         window.hide();

@@ -24,7 +24,9 @@ constexpr Entry kEntries[]{
 
 constexpr auto kSheet = "QMenu { background: #1e1e1e; color: #ffffff; border: 1px solid #444; border-radius: 5px; padding: 12px;"
                         " font-size: 12pt; }"
-                        "QMenu::item { padding: 5px 10px 5px 10px; }";
+                        "QMenu::item { padding: 5px 10px 5px 10px; border-left: 3px solid transparent; }"
+                        "QMenu::item:selected { background: #3c3c3c; border-left-color: #43cf7c; }"
+                        "QMenu::separator { background: #444; height: 1px; margin: 5px 10px 5px 10px; }";
 
 } // namespace
 

@@ -23,10 +23,14 @@ namespace
 const QString kService = u"org.kde.StatusNotifierWatcher"_s;
 const QString kPath = u"/StatusNotifierWatcher"_s;
 
-template<typename T> struct Freed {
-    T* data;
-    ~Freed() { std::free(data); }
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
 };
+
+template<typename T> std::unique_ptr<T, Free> owned(T* reply)
+{
+    return std::unique_ptr<T, Free>(reply);
+}
 
 // The older kind: a window of the panel into which the icon's own is put.
 bool embeds()
@@ -37,12 +41,12 @@ bool embeds()
     }
     constexpr char name[] = "_NET_SYSTEM_TRAY_S0";
     xcb_connection_t* connection = x11->connection();
-    const Freed atom{xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 1, sizeof name - 1, name), nullptr)};
-    if (atom.data == nullptr || atom.data->atom == XCB_ATOM_NONE) {
+    const auto atom = owned(xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 1, sizeof name - 1, name), nullptr));
+    if (atom == nullptr || atom->atom == XCB_ATOM_NONE) {
         return false;
     }
-    const Freed owner{xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom.data->atom), nullptr)};
-    return owner.data != nullptr && owner.data->owner != XCB_WINDOW_NONE;
+    const auto owner = owned(xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
+    return owner != nullptr && owner->owner != XCB_WINDOW_NONE;
 }
 
 } // namespace

@@ -270,6 +270,7 @@ void TestInstance::manyAtOnce()
     const int count = qEnvironmentVariableIntValue("STARTS") > 0 ? qEnvironmentVariableIntValue("STARTS") : 20;
     Session session;
     std::vector<std::unique_ptr<QProcess>> starts;
+    starts.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         starts.push_back(session.start());
     }
