@@ -50,7 +50,8 @@ Chart::Chart(QWidget* parent) : QChartView(parent)
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(NoFrame);
     setBackgroundBrush(kGround);
-    // It is looked at: presses go on to the window, which they move.
+    // It is looked at: a hand goes on to the window, which it moves.
+    setAttribute(Qt::WA_TransparentForMouseEvents);
     setInteractive(false);
     setFocusPolicy(Qt::NoFocus);
     mChart.setPlotAreaBackgroundVisible(true);
