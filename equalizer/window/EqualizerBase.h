@@ -52,7 +52,7 @@ public:
     virtual void setVolumeMeterOutputRight(int tenthsOfDb) = 0;
 
     /// How many bands there are, 0 to 32.
-    void setItemCount(qint32 count);
+    virtual void setItemCount(qint32 count);
     /// A field of a band, from 1; the curves follow with the next setSwitch().
     void setItemAttribute(const QString& number, const QString& attribute, const QString& value);
     void setFont(const QFont& font);

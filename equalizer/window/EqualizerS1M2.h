@@ -13,7 +13,7 @@ public:
     explicit EqualizerS1M2(QWidget* parent = nullptr);
 
     /// The bands, and of their curves the combined one alone is seen.
-    void setItemCount(qint32 count);
+    void setItemCount(qint32 count) override;
 
     void setGainInputLeft(float) override {}
     void setGainInputRight(float) override {}

@@ -39,12 +39,10 @@ struct Bench {
     {
         if (headphones) {
             window = std::make_unique<EqualizerS1M1>();
-            window->setItemCount(bands);
         } else {
-            auto input = std::make_unique<EqualizerS1M2>();
-            input->setItemCount(bands);
-            window = std::move(input);
+            window = std::make_unique<EqualizerS1M2>();
         }
+        window->setItemCount(bands);
         window->setObjectName(headphones ? u"EQ_HP"_s : u"EQ_IN1"_s);
         window->setFont(GlobalFont::instance().font());
         window->setFileChooser([this](const EqualizerTool::FileQuestion& question) {
@@ -359,6 +357,8 @@ private slots:
                                                    {u"OutputRight", 1},
                                                    {u"OutputLeft", std::numeric_limits<int>::min()},
                                                    {u"GainInput", -20.5F},
+                                                   {u"GainInput", kNan},
+                                                   {u"GainOutput", kInfinity},
                                                    {u"GainOutput", -30},
                                                    {u"GainOutput", kNan}}) {
                 const quillon::DeviceSetter setter = bench.window->deviceSetter(attribute);
