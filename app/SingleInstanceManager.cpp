@@ -213,11 +213,15 @@ void SingleInstanceManager::setTrayIcon(QString path)
 
 void SingleInstanceManager::stepBack(QWidget& window)
 {
+    if (quillon::Application::isLeaving()) {
+        window.hide();
+        return;
+    }
     if (mTrayPlace != nullptr) {
         placeIcon(); // not every kind of tray tells when it comes
     }
     const bool inTray = mTrayIcon != nullptr && mTrayPlace != nullptr && mTrayPlace->isThere();
-    if (mIsOwner && !inTray && !quillon::Application::isLeaving()) {
+    if (mIsOwner && !inTray) {
         window.showMinimized();
     } else {
         window.hide();

@@ -36,11 +36,12 @@ template<typename T> std::unique_ptr<T, Free> owned(T* reply)
 bool embeds()
 {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr) {
+    constexpr char name[] = "_NET_SYSTEM_TRAY_S0";
+    // A platform without a screen has the interface, but no connection.
+    xcb_connection_t* connection = x11 != nullptr ? x11->connection() : nullptr;
+    if (connection == nullptr) {
         return false;
     }
-    constexpr char name[] = "_NET_SYSTEM_TRAY_S0";
-    xcb_connection_t* connection = x11->connection();
     const auto atom = owned(xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 1, sizeof name - 1, name), nullptr));
     if (atom == nullptr || atom->atom == XCB_ATOM_NONE) {
         return false;

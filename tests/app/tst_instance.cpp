@@ -71,6 +71,7 @@ int runProgram(int argc, char** argv, const QStringList& windows)
     const quillon::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     SingleInstanceManager::instance().checkAndActivate();
+    SingleInstanceManager::instance().openTray();
     std::vector<std::unique_ptr<QWidget>> made;
     for (const QString& name : windows) {
         made.push_back(name == u"Console"_s ? std::unique_ptr<QWidget>(new Console)
