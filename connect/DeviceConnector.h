@@ -48,6 +48,7 @@ public:
     void showSeries(const QString& series, const QHash<QString, QPair<QString, QString>>& devices);
 
     MainWindow_Base* console() const { return mMainWindow; }
+    quillon::UpdateGateway* updates() const { return mUpdates; }
 
     void done(int result) override;
 

@@ -18,17 +18,21 @@ constexpr std::array kPages{PageMble, PageLive, PageTyro, PageProf};
 
 struct EqualizerRow {
     const char16_t* object;
-    EqualizerBase* (*make)(QWidget* owner);
-    int bands;
+    EqualizerBase* (*make)(QWidget* owner, const QString& object);
 };
-template<class Window> EqualizerBase* makeWindow(QWidget* owner)
+// The number of bands is told to the class itself: what is shown of the curves at first depends on it.
+template<class Window, int Bands> EqualizerBase* makeWindow(QWidget* owner, const QString& object)
 {
-    return new Window(owner);
+    auto* window = new Window(owner);
+    window->setObjectName(object);
+    window->setFont(GlobalFont::instance().font());
+    window->setItemCount(Bands);
+    return window;
 }
 // By ConsoleLinks::Channel.
-constexpr std::array kEqualizers{EqualizerRow{u"EQ_IN1", makeWindow<EqualizerS1M2>, 4},
-                                 EqualizerRow{u"EQ_IN2", makeWindow<EqualizerS1M2>, 4},
-                                 EqualizerRow{u"EQ_HP", makeWindow<EqualizerS1M1>, 10}};
+constexpr std::array kEqualizers{EqualizerRow{u"EQ_IN1", makeWindow<EqualizerS1M2, 4>},
+                                 EqualizerRow{u"EQ_IN2", makeWindow<EqualizerS1M2, 4>},
+                                 EqualizerRow{u"EQ_HP", makeWindow<EqualizerS1M1, 10>}};
 static_assert(kEqualizers.size() == ConsoleLinks::ChannelCount);
 
 void present(QWidget& window)
@@ -45,10 +49,7 @@ ConsoleWindows::ConsoleWindows(QWidget& owner, DeviceR47& device, InboundRouter&
       mSettings(new SettingsWindow(owner))
 {
     for (std::size_t i = 0; i < kEqualizers.size(); ++i) {
-        mEqualizers[i] = kEqualizers[i].make(&owner);
-        mEqualizers[i]->setObjectName(QString::fromUtf16(kEqualizers[i].object));
-        mEqualizers[i]->setFont(GlobalFont::instance().font());
-        mEqualizers[i]->setItemCount(kEqualizers[i].bands);
+        mEqualizers[i] = kEqualizers[i].make(&owner, QString::fromUtf16(kEqualizers[i].object));
     }
 }
 

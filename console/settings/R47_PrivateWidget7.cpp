@@ -72,25 +72,18 @@ constexpr RowShape kRows[]{
     {u"MainButtonDouble", {u"Main button double-click customization", u"主按键双击自定义功能"}, RowKind::Combo, kMainButton},
 };
 
-/// What the device calls a choice by its place: first is the number of the first one.
-QString dataAt(std::span<const RowChoice> choices, int number, int first)
-{
-    const int place = number - first;
-    return place >= 0 && place < int(choices.size()) ? QString::fromUtf16(choices[std::size_t(place)].data) : QString();
-}
-
 struct DeviceSet {
     const char16_t* attribute;
-    void (*take)(R47_PrivateWidget7&, int value);
+    void (*take)(R47_PrivateWidget7&, const QVariant& value);
 };
 constexpr DeviceSet kDeviceSets[]{
-    {u"Brightness", [](R47_PrivateWidget7& page, int value) { page.setBrightness(dataAt(kBrightness, value, 0)); }},
-    {u"Bluetooth", [](R47_PrivateWidget7& page, int value) { page.setBluetooth(value != 0); }},
-    {u"OtgDirection", [](R47_PrivateWidget7& page, int value) { page.setOtgDirection(value != 0); }},
-    {u"UsbCCharging", [](R47_PrivateWidget7& page, int value) { page.setUsbCCharging(dataAt(kUsbCCharging, value, 1)); }},
-    {u"AutoPoweroff", [](R47_PrivateWidget7& page, int value) { page.setAutoPoweroff(value != 0); }},
-    {u"MainButtonSingle", [](R47_PrivateWidget7& page, int value) { page.setMainButtonSingle(value); }},
-    {u"MainButtonDouble", [](R47_PrivateWidget7& page, int value) { page.setMainButtonDouble(value); }},
+    {u"Brightness", [](R47_PrivateWidget7& page, const QVariant& value) { page.setBrightness(value.toString()); }},
+    {u"Bluetooth", [](R47_PrivateWidget7& page, const QVariant& value) { page.setBluetooth(value.toInt() != 0); }},
+    {u"OtgDirection", [](R47_PrivateWidget7& page, const QVariant& value) { page.setOtgDirection(value.toInt() != 0); }},
+    {u"UsbCCharging", [](R47_PrivateWidget7& page, const QVariant& value) { page.setUsbCCharging(value.toString()); }},
+    {u"AutoPoweroff", [](R47_PrivateWidget7& page, const QVariant& value) { page.setAutoPoweroff(value.toInt() != 0); }},
+    {u"MainButtonSingle", [](R47_PrivateWidget7& page, const QVariant& value) { page.setMainButtonSingle(value.toInt()); }},
+    {u"MainButtonDouble", [](R47_PrivateWidget7& page, const QVariant& value) { page.setMainButtonDouble(value.toInt()); }},
 };
 
 QString flag(bool on)
@@ -164,7 +157,7 @@ quillon::DeviceSetter R47_PrivateWidget7::deviceSetter(QStringView attribute)
 {
     for (const DeviceSet& set : kDeviceSets)
         if (attribute == set.attribute)
-            return [this, take = set.take](const QVariant& value) { take(*this, value.toInt()); };
+            return [this, take = set.take](const QVariant& value) { take(*this, value); };
     return {};
 }
 

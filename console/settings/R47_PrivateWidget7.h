@@ -32,7 +32,7 @@ public:
     void setMainButtonDouble(int index);
 
     /// "Brightness", "Bluetooth", "OtgDirection", "UsbCCharging", "AutoPoweroff", "MainButtonSingle", "MainButtonDouble": each
-    /// takes the number that the device reports, and ignores one that stands for nothing.
+    /// takes the report as inboundValue() gives it.
     quillon::DeviceSetter deviceSetter(QStringView attribute) override;
     void onAppSettingsChanged(QString objectName, QString attribute, QString value) override;
 

@@ -3,10 +3,12 @@
 #include "app/AppSettingsSubject.h"
 #include "console/MainWindow_R47.h"
 #include "console/ducking/R47_PrivateWidget1.h"
+#include "console/settings/TabWidgetS1M1.h"
 #include "controls/ValueControl.h"
 #include "controls/meter/MeterView.h"
 #include "device/Frame.h"
 #include "device/USBAudioAPI.h"
+#include "equalizer/editor/EqWidgetIem.h"
 #include "resources/Resources.h"
 #include "strips/output/RouteStrip.h"
 #include "tests/device/FakeHid.h"
@@ -14,6 +16,7 @@
 #include "workspace/WorkspaceSubject.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -32,13 +35,16 @@ namespace
 
 enum Reach : std::uint8_t { WhenShown, Everywhere };
 
-/// Where a report arrives: on these pages, each while it is shown or at any time. "MLEP" are Mobile, Live, Easy and Pro; "D" is the
-/// ducking window, which is no page's.
+/// Where a report arrives: on these pages, each while it is shown or at any time. "MLEP" are Mobile, Live, Easy and Pro. The
+/// windows are no page's, and always hear: "D" is ducking, "1", "2" and "H" are the equalizers, "S" the settings.
 struct Target {
     const char* pages;
     const char* parts; // "Input_IN1 GAIN", or more with commas
     Reach reach = WhenShown;
+    const char* during = "MLEP"; // a window hears while one of these is shown
 };
+
+const QString kWindows = u"D12HS"_s;
 
 struct Case {
     int code;
@@ -53,7 +59,7 @@ const QList<int> kPlug{0, 2};
 const QList<int> kGain{50, 60};
 
 const QList<Case> kCases{
-    {0x2101, kLevels, {{"MLEP", "Input_IN1 Meter"}, {"D", "Ducking_IN1 Left, Ducking_IN1 Right"}}},
+    {0x2101, kLevels, {{"MLEP", "Input_IN1 Meter"}, {"D", "Ducking_IN1 Left, Ducking_IN1 Right"}, {"1", "EQ_IN1 widgetMeter"}}},
     {0x2102, {3}, {{"MLEP", "Input_IN1 Mic1, Input_IN1 MicHP"}}},
     {0x2102, {2}, {{"MLEP", "Input_IN1 MicHP, Input_IN1 Mic35"}}},
     {0x2102, {99}, {{"MLEP", "Input_IN1 Mic35, Input_IN1 Mic1"}}},
@@ -61,7 +67,7 @@ const QList<Case> kCases{
     {0x2104, kGain, {{"MLEP", "Input_IN1 GAIN"}}, "50"},
     {0x2105, kSwitch, {{"MLEP", "Input_IN1 MUTE"}}},
     {0x2106, kPlug, {{"MLEP", "Input_IN1 Plug", Everywhere}}},
-    {0x2201, kLevels, {{"MLEP", "Input_IN2 Meter"}, {"D", "Ducking_IN2 Left, Ducking_IN2 Right"}}},
+    {0x2201, kLevels, {{"MLEP", "Input_IN2 Meter"}, {"D", "Ducking_IN2 Left, Ducking_IN2 Right"}, {"2", "EQ_IN2 widgetMeter"}}},
     {0x2203, kSwitch, {{"MLEP", "Input_IN2 48V"}}},
     {0x2204, kGain, {{"MLEP", "Input_IN2 GAIN"}}, "50"},
     {0x2205, kSwitch, {{"MLEP", "Input_IN2 MUTE"}}},
@@ -146,20 +152,64 @@ const QList<Case> kCases{
     {0x6204, kSwitch, {{"MLEP", "Output_OTGOUT MUTE"}}},
     {0x6206, kPlug, {{"MLEP", "Output_OTGOUT Plug, Input_OTGIN Plug", Everywhere}}},
     {0x6207, kPlug, {{"MLEP", "Output_OTGOUT Plug, Input_OTGIN Plug", Everywhere}}},
-    {0x6301, kLevels, {{"MLEP", "Output_HP Left"}}},
-    {0x6401, kLevels, {{"MLEP", "Output_HP Right"}}},
-    {0x6403, kGain, {{"MLEP", "Output_HP GAIN"}}, "-21"},
+    {0x6301, kLevels, {{"MLEP", "Output_HP Left"}, {"H", "EQ_HP widgetMeter2 Left", WhenShown, "P"}}},
+    {0x6401, kLevels, {{"MLEP", "Output_HP Right"}, {"H", "EQ_HP widgetMeter2 Right", WhenShown, "P"}}},
+    {0x6403, kGain, {{"MLEP", "Output_HP GAIN"}, {"H", "EQ_HP slider_2", WhenShown, "P"}}, "-21"},
     {0x6404, kSwitch, {{"MLEP", "Output_HP MUTE"}}},
     {0x6406, kPlug, {{"MLEP", "Output_HP Plug", Everywhere}}},
     {0x6407, kPlug, {{"MLEP", "Output_HP Plug", Everywhere}}},
-    {0x9B0B, kLevels, {{"LP", "Mixer_IN12 Left"}}},
-    {0x9B0C, kLevels, {{"LP", "Mixer_IN12 Right"}}},
-    {0x9B0F, kSwitch, {{"MLP", "Input_IN1 EQ", Everywhere}}},
-    {0x9B10, kSwitch, {{"MLP", "Input_IN2 EQ", Everywhere}}},
-    {0xAB0B, kLevels, {{"P", "Output_HP Left"}}},
-    {0xAB0C, kLevels, {{"P", "Output_HP Right"}}},
-    {0xAB0F, kSwitch, {{"P", "Output_HP EQ", Everywhere}}},
+    {0x9B0B, kLevels, {{"LP", "Mixer_IN12 Left"}, {"1", "EQ_IN1 widgetMeter2"}}},
+    {0x9B0C, kLevels, {{"LP", "Mixer_IN12 Right"}, {"2", "EQ_IN2 widgetMeter2"}}},
+    {0x9B0F, kSwitch, {{"MLP", "Input_IN1 EQ", Everywhere}, {"1", "EQ_IN1 buttonSwitch"}}},
+    {0x9B10, kSwitch, {{"MLP", "Input_IN2 EQ", Everywhere}, {"2", "EQ_IN2 buttonSwitch"}}},
+    {0x9B12, {-6, 3}, {{"1", "EQ_IN1 slider"}}},
+    {0x9B13, {-6, 3}, {{"2", "EQ_IN2 slider"}}},
+    {0xAB0B, kLevels, {{"P", "Output_HP Left"}, {"H", "EQ_HP widgetMeter Left"}}},
+    {0xAB0C, kLevels, {{"P", "Output_HP Right"}, {"H", "EQ_HP widgetMeter Right"}}},
+    {0xAB0F, kSwitch, {{"P", "Output_HP EQ", Everywhere}, {"H", "EQ_HP buttonSwitch"}}},
+    {0xAB14, {-20, -7}, {{"H", "EQ_HP slider"}}},
+    {0x1104, {2, 1, 0}, {{"S", "SettingsDevice Brightness"}}},
+    {0x111A, kSwitch, {{"S", "SettingsDevice Bluetooth"}}},
+    {0x111B, {0, 7}, {{"S", "SettingsDevice OtgDirection"}}},
+    {0x111C, {3, 2, 1}, {{"S", "SettingsDevice UsbCCharging"}}},
+    {0x111E, {0, 7}, {{"S", "SettingsDevice AutoPoweroff"}}},
+    {0x1122, {13, 0}, {{"S", "SettingsDevice MainButtonSingle"}}},
+    {0x1123, {13, 0}, {{"S", "SettingsDevice MainButtonDouble"}}},
 };
+
+/// The fields of the equalizers' bands: a block for each band, from the first one up.
+QList<Case> bandCases()
+{
+    struct Equalizer {
+        const char* window;
+        const char* name;
+        int block;
+        int first; // field
+        int bands;
+    };
+    struct Field {
+        const char* control;
+        QList<int> values;
+    };
+    const Field fields[]{{"checkBoxSwitch", {0, 1}},
+                         {"comboBoxType", {4, 1}},
+                         {"dialGain", {35, -120}},
+                         {"dialFreq", {1026, 20}},
+                         {"dialQ", {9030, 150000}}};
+    QList<Case> cases;
+    static QList<QByteArray> parts; // outlives the cases
+    for (const Equalizer& row :
+         {Equalizer{"1", "EQ_IN1", 0x9000, 1, 4}, {"2", "EQ_IN2", 0x9000, 6, 4}, {"H", "EQ_HP", 0xA000, 1, 10}}) {
+        for (int band = 1; band <= row.bands; ++band) {
+            int code = row.block | band << 8 | row.first;
+            for (const Field& field : fields) {
+                parts += QByteArray(row.name) + '@' + QByteArray::number(band) + ' ' + field.control;
+                cases += Case{code++, field.values, {{row.window, parts.last().constData()}}};
+            }
+        }
+    }
+    return cases;
+}
 
 /// What a loopback shows of the levels, by its source: codes of what moves its left and its right side.
 struct Source {
@@ -187,9 +237,10 @@ const QList<Source> kSources{{"Mix A", {0x3115}, {0x3215}},
 
 const QMap<QChar, PageId> kPages{{u'M', PageMble}, {u'L', PageLive}, {u'E', PageTyro}, {u'P', PageProf}};
 
-/// The letter of the page that a widget stands on, "D" in the ducking window, "-" elsewhere.
+/// The letter of the page or window that a widget stands on, "-" elsewhere.
 QString letterOf(const QWidget* widget)
 {
+    static const QHash<QString, QString> equalizers{{u"EQ_IN1"_s, u"1"_s}, {u"EQ_IN2"_s, u"2"_s}, {u"EQ_HP"_s, u"H"_s}};
     for (const QWidget* at = widget; at; at = at->parentWidget()) {
         for (const auto& [letter, id] : kPages.asKeyValueRange()) {
             if (at->objectName() == QLatin1StringView(pageRow(id)->object)) {
@@ -199,6 +250,12 @@ QString letterOf(const QWidget* widget)
         if (qobject_cast<const R47_PrivateWidget1*>(at)) {
             return u"D"_s;
         }
+        if (qobject_cast<const TabWidgetS1M1*>(at)) {
+            return u"S"_s;
+        }
+        if (const auto found = equalizers.find(at->objectName()); found != equalizers.end()) {
+            return *found;
+        }
     }
     return u"-"_s;
 }
@@ -206,12 +263,16 @@ QString letterOf(const QWidget* widget)
 /// The nearest object that carries a strip's name.
 QString stripOf(const QWidget* widget)
 {
-    static const QRegularExpression strip(u"^((Input|Mixer|Loopback|Output|Effect|ConfigMenu)_?|Ducking)"_s);
+    static const QRegularExpression strip(u"^((Input|Mixer|Loopback|Output|Effect|ConfigMenu|EQ)_?|Ducking|Settings)"_s);
     const QWidget* at = widget;
+    QString band;
     while (at->parentWidget() && !at->objectName().contains(strip)) {
+        if (const auto* item = qobject_cast<const EqWidgetIem*>(at)) {
+            band = u'@' + QString::number(item->itemData().index + 1);
+        }
         at = at->parentWidget();
     }
-    return at->objectName();
+    return at->objectName() + band;
 }
 
 /// What a widget of a strip is called here: a button by its function, and by its panel where two are called the same.
@@ -222,6 +283,10 @@ QString partOf(const QWidget* widget)
     const QString name = widget->objectName();
     if (name == u"widgetOverlay"_s) {
         return u"Plug"_s;
+    }
+    static const QRegularExpression own(u"^(slider|dial(Gain|Freq|Q)$)"_s); // of the equalizers
+    if (const QString outer = widget->parentWidget()->objectName(); name.isEmpty() && outer.contains(own)) {
+        return outer;
     }
     if (name == u"PushButtonBypass"_s) {
         return widget->parentWidget()->parentWidget()->objectName();
@@ -237,6 +302,8 @@ QString stateOf(QWidget* widget)
         state += QString::number(host->valueControl().accessibleValue());
     } else if (const auto* button = qobject_cast<QAbstractButton*>(widget)) {
         state += button->text() + (button->isChecked() ? u" on"_s : u" off"_s);
+    } else if (const auto* combo = qobject_cast<QComboBox*>(widget)) {
+        state += combo->currentText();
     } else if (const auto* edit = qobject_cast<QLineEdit*>(widget)) {
         state += edit->text();
     } else if (const auto* label = qobject_cast<QLabel*>(widget)) {
@@ -253,6 +320,9 @@ Shown snapshot(const QWidget& window)
     static QHash<const QWidget*, std::pair<QString, QString>> names; // of one window
     Shown shown;
     for (QWidget* widget : window.findChildren<QWidget*>()) {
+        if (qobject_cast<QComboBox*>(widget->parentWidget())) {
+            continue; // what a box shows its text with
+        }
         if (!names.contains(widget)) {
             names[widget] = {letterOf(widget) + u' ' + stripOf(widget) + u' ', partOf(widget)};
         }
@@ -265,6 +335,14 @@ Shown snapshot(const QWidget& window)
             continue;
         }
         const QStringList lanes = meter->valueControl().accessibleText().split(u", "_s);
+        if (part.startsWith(u"widgetMeter"_s) && strip.contains(u" EQ_"_s)) {
+            const bool pair = lanes.size() > 1; // the bar at the left is told last
+            shown[strip + part + (pair ? u" Left"_s : u""_s)] += lanes.last() + u';';
+            if (pair) {
+                shown[strip + part + u" Right"_s] += lanes.first() + u';';
+            }
+            continue;
+        }
         if (part.endsWith(u"Left"_s) || part.endsWith(u"Right"_s)) {
             shown[strip + (part.endsWith(u"Left"_s) ? u"Left"_s : u"Right"_s)] += lanes.join(u'|') + u';';
         } else if (lanes.size() == 1) {
@@ -379,7 +457,8 @@ QStringList TestInboundPages::expected(QChar shown, const Case& report) const
     QStringList parts;
     for (const Target& target : report.targets) {
         for (const QChar page : QString::fromLatin1(target.pages)) {
-            if (page == shown || page == u'D' || target.reach == Everywhere) {
+            const bool window = kWindows.contains(page) && QString::fromLatin1(target.during).contains(shown);
+            if (page == shown || window || target.reach == Everywhere) {
                 for (const QString& part : QString::fromLatin1(target.parts).split(u", "_s)) {
                     parts += page + u' ' + part;
                 }
@@ -437,7 +516,7 @@ void TestInboundPages::eachReportMovesWhatItNames()
 {
     QFETCH(const QChar, page);
     mWindow->setPage(kPages[page]);
-    for (const Case& report : kCases) {
+    for (const Case& report : kCases + bandCases()) {
         check(page, report);
         if (QTest::currentTestFailed()) {
             return;
@@ -480,15 +559,12 @@ void TestInboundPages::loopbacksShowTheirSource()
 void TestInboundPages::othersMoveNothing()
 {
     QSet<int> known;
-    for (const Case& report : kCases) {
+    for (const Case& report : kCases + bandCases()) {
         known += report.code;
     }
     for (const auto& [letter, id] : kPages.asKeyValueRange()) {
         mWindow->setPage(id);
         for (int block = 0x2000; block < 0x10000; block += 0x100) {
-            if ((block & 0xF000) == 0x9000 || (block & 0xF000) == 0xA000) {
-                continue; // the equalizers' own
-            }
             const qint64 frames = sent();
             const Shown before = snapshot(*mWindow);
             for (int code = block; code < block + 0x100; ++code) {

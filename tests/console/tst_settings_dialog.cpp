@@ -6,6 +6,7 @@
 #include "console/settings/WidgetAbout1.h"
 #include "console/settings/WidgetAudio1.h"
 #include "console/settings/WidgetSytem1.h"
+#include "device/InboundTable.h"
 #include "device/USBAudioAPI.h"
 #include "resources/Resources.h"
 #include "tests/connect/Fakes.h"
@@ -269,7 +270,11 @@ void TestSettingsDialog::deviceReports()
     bench.device->setAutoPoweroff(false);
     bench.device->setMainButtonSingle(1);
     bench.device->setMainButtonDouble(1);
-    bench.device->deviceSetter(attribute)(reported);
+    for (const quillon::InboundRow& row : quillon::inboundRows()) {
+        const QVariant value = quillon::inboundValue(row.form, reported);
+        if (row.object == u"SettingsDevice" && QStringView(row.attribute) == attribute && value.isValid())
+            bench.device->deviceSetter(attribute)(value);
+    }
     QCOMPARE(combo != nullptr ? combo->currentIndex() : int(toggle->isChecked()), place);
     QCOMPARE(bench.told, QStringList());
     QVERIFY(!bench.device->deviceSetter(u"DisplayMode"));
