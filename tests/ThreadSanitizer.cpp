@@ -10,6 +10,9 @@ const char* __tsan_default_suppressions()
     return "called_from_lib:libQt6Core.so.6\n"
            "called_from_lib:libQt6Gui.so.6\n" // scales pictures in Qt's thread pool
            "called_from_lib:libQt6Test.so.6\n"
+           "called_from_lib:libQt6Network.so.6\n"
+           // The files by which its loops are woken: one thread makes, another writes to them.
+           "race:libglib-2.0.so\n"
            // The copy of an argument that a queued signal carries: made here, handed over under the lock of Qt's event queue.
            "race:QtPrivate::QMetaTypeForType<\n"
 #ifdef WATCH_PROGRAM

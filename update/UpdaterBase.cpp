@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QNetworkReply>
+#include <memory>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +30,26 @@ SharedManifest& sharedManifest()
     static auto* const manifest = new SharedManifest; // the worker may outlive the statics
     return *manifest;
 }
+
+/// What a waiting fetch has come to, once it has.
+class WaitingFetch
+{
+public:
+    void setResult(bool success)
+    {
+        const std::lock_guard lock(mMutex);
+        mResult = success;
+    }
+    std::optional<bool> result()
+    {
+        const std::lock_guard lock(mMutex);
+        return mResult;
+    }
+
+private:
+    std::mutex mMutex;
+    std::optional<bool> mResult;
+};
 
 bool takeManifest(QNetworkReply& reply)
 {
@@ -61,23 +82,23 @@ UpdaterBase::~UpdaterBase() = default;
 
 bool UpdaterBase::fetchInfoAndWait()
 {
-    if (!UpdateThread::isRunning()) {
-        return false;
-    }
     QEventLoop loop;
-    std::optional<bool> result;
-    const quint64 mine = ++mWaitingFetches;
-    const auto answered = [&](quint64 number, bool success) {
-        if (number == mine) {
-            result = success;
+    const auto waiting = std::make_shared<WaitingFetch>();
+    const auto look = [&loop, &waiting] {
+        if (waiting->result()) {
             loop.quit();
         }
     };
-    connect(this, &UpdaterBase::waitingFetchFinished, &loop, answered, Qt::QueuedConnection);
-    QMetaObject::invokeMethod(
-        this, [this, mine] { fetch([this, mine](bool success) { emit waitingFetchFinished(mine, success); }); },
-        Qt::QueuedConnection);
+    connect(this, &UpdaterBase::waitingFetchFinished, &loop, look, Qt::QueuedConnection);
+    const auto tell = [this, waiting](bool success) {
+        waiting->setResult(success);
+        emit waitingFetchFinished();
+    };
+    if (!UpdateThread::post([this, tell] { fetch(tell); })) {
+        return false;
+    }
     loop.exec();
+    const std::optional<bool> result = waiting->result();
     if (!result) {
         // Somebody ended all loops, and the application's own may not run yet.
         QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
@@ -87,14 +108,12 @@ bool UpdaterBase::fetchInfoAndWait()
 
 void UpdaterBase::fetchInfo()
 {
-    const auto start = [this] { fetch([this](bool success) { emit fetchFinished(success); }); };
-    QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
+    UpdateThread::post([this] { fetch([this](bool success) { emit fetchFinished(success); }); });
 }
 
 void UpdaterBase::download(const QString& url)
 {
-    QMetaObject::invokeMethod(
-        this, [this, url] { mDownload->start(url, mSource); }, Qt::QueuedConnection);
+    UpdateThread::post([this, url] { mDownload->start(url, mSource); });
 }
 
 QJsonObject UpdaterBase::manifestObject()
@@ -118,8 +137,7 @@ void UpdaterBase::setCurrentVersion(const QString& version)
 
 void UpdaterBase::setSource(const UpdateSource& source)
 {
-    QMetaObject::invokeMethod(
-        this, [this, source] { mSource = source; }, Qt::QueuedConnection);
+    UpdateThread::post([this, source] { mSource = source; });
 }
 
 void UpdaterBase::fetch(const std::function<void(bool)>& whenDone)

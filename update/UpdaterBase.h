@@ -7,7 +7,6 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QString>
-#include <atomic>
 #include <functional>
 #include <mutex>
 
@@ -44,8 +43,8 @@ signals:
     void attributeChanged(QString attribute, QString value);
     /// The end of fetchInfo().
     void fetchFinished(bool success);
-    /// The end of the waiting fetch of that number.
-    void waitingFetchFinished(quint64 number, bool success);
+    /// The end of any waiting fetch.
+    void waitingFetchFinished();
 
 private:
     void fetch(const std::function<void(bool)>& whenDone);
@@ -53,7 +52,6 @@ private:
     QNetworkAccessManager* mNetwork;
     quillon::Download* mDownload;
     quillon::UpdateSource mSource;
-    std::atomic<quint64> mWaitingFetches = 0;
     mutable std::mutex mVersionMutex;
     QString mCurrentVersion; // guarded by mVersionMutex
 };

@@ -27,12 +27,11 @@ UpdaterFirmwareM1& UpdaterFirmwareM1::instance()
 
 void UpdaterFirmwareM1::update(const QString& path)
 {
-    const auto work = [this, path] {
+    UpdateThread::post([this, path] {
         const bool written = run(path);
         mLastBytes = 0;
         emit attributeChanged(u"UpdateState"_s, written ? u"Success"_s : u"Failed"_s);
-    };
-    QMetaObject::invokeMethod(this, work, Qt::QueuedConnection);
+    });
 }
 
 /// The image to write, empty when there is none.

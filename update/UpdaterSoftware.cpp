@@ -1,6 +1,7 @@
 #include "update/UpdaterSoftware.h"
 
 #include "update/PlatformSteps.h"
+#include "update/UpdateThread.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -28,7 +29,7 @@ UpdaterSoftware::UpdaterSoftware()
 
 void UpdaterSoftware::update(const QString& path)
 {
-    const auto run = [this, path] {
+    UpdateThread::post([this, path] {
         emit attributeChanged(u"UpdateState"_s, u"Start"_s);
         const bool started = start(path);
         if (started) {
@@ -36,11 +37,9 @@ void UpdaterSoftware::update(const QString& path)
         }
         emit attributeChanged(u"UpdateState"_s, started ? u"Success"_s : u"Failed"_s);
         if (started) {
-            QMetaObject::invokeMethod(
-                QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(QCoreApplication::instance(), "exit", Qt::QueuedConnection, Q_ARG(int, 0));
         }
-    };
-    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
+    });
 }
 
 bool UpdaterSoftware::start(const QString& path)
