@@ -8,16 +8,20 @@
 #include "connect/DeviceConnectorViewBase.h"
 #include "console/MainWindow_R47.h"
 #include "console/ducking/R47_PrivateWidget1.h"
+#include "console/settings/TabWidgetS1M1.h"
 #include "device/USBAudioAPI.h"
+#include "equalizer/window/EqualizerBase.h"
 #include "gallery/GalleryWindow.h"
 #include "resources/Resources.h"
 #include "strips/input/InputBase.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <cmath>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -110,6 +114,68 @@ void rearrange(const QWidget& page)
     }
 }
 
+/// A measured response that falls and rises around a tilt, as a file.
+QString writeResponse(const QString& path, double tiltDb, double rippleDb)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write("fre(Hz),raw(dB)\n");
+        for (double hertz = 20; hertz < 22000; hertz *= 1.05) {
+            const double octaves = std::log2(hertz / 1000);
+            file.write(QByteArray::number(hertz) + ',' + QByteArray::number(tiltDb * octaves + rippleDb * std::sin(2.1 * octaves)) +
+                       '\n');
+        }
+    }
+    return path;
+}
+
+void shootEqualizers(Shooter& shooter, MainWindow_R47& window)
+{
+    for (int band = 1; band <= 10; ++band) {
+        for (const int base : {0x9000, 0xA000}) {
+            const int code = base | band << 8;
+            report(window, code | 2, band == 1 ? 4 : band == 10 ? 5 : 1);
+            report(window, code | 3, 20 * (band % 5 - 2) * (band % 2 ? 1 : 2));
+            report(window, code | 4, static_cast<int>(40 * std::pow(2.0, band * 0.85)));
+            report(window, code | 1, band != 6);
+        }
+    }
+    for (const int code : {0x9B0F, 0xAB0F}) {
+        report(window, code, 1);
+    }
+    const QString target = writeResponse(u"target.csv"_s, -0.8, 0);
+    const QString source = writeResponse(u"source.csv"_s, -0.3, 4);
+    for (EqualizerBase* equalizer : window.findChildren<EqualizerBase*>()) {
+        equalizer->setScaleFactor(shooter.scale);
+        equalizer->show();
+        shooter.take(*equalizer, equalizer->objectName() + u"-fresh"_s);
+        equalizer->importTargetFile(target);
+        equalizer->importSourceFile(source);
+        equalizer->setStateTarget(true);
+        equalizer->setStateSource(true);
+        equalizer->setStateEachFilter(true);
+        equalizer->setStateFiltered(true);
+        equalizer->setVolumeMeterInputLeft(-120);
+        equalizer->setVolumeMeterInputRight(-180);
+        equalizer->setVolumeMeterOutputLeft(-90);
+        equalizer->setVolumeMeterOutputRight(1);
+        shooter.take(*equalizer, equalizer->objectName() + u"-all"_s);
+        equalizer->hide();
+    }
+}
+
+void shootSettings(Shooter& shooter, const MainWindow_R47& window)
+{
+    auto* dialog = window.findChild<TabWidgetS1M1*>();
+    dialog->setScaleFactor(shooter.scale);
+    dialog->show();
+    for (const char* tab : {"System", "Device", "ASIO", "About"}) {
+        dialog->setCurrentTab(QLatin1StringView(tab));
+        shooter.take(*dialog, u"settings-"_s + QString::fromLatin1(tab).toLower());
+    }
+    dialog->hide();
+}
+
 void shootConsole(Shooter& shooter)
 {
     MainWindow_R47 window;
@@ -130,6 +196,9 @@ void shootConsole(Shooter& shooter)
     ducking->show();
     shooter.take(*ducking, u"ducking"_s);
     ducking->hide();
+
+    shootEqualizers(shooter, window);
+    shootSettings(shooter, window);
 
     window.setPage(quillon::PageFcty);
     shooter.take(window, u"recovery"_s);
