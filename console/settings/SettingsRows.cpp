@@ -27,6 +27,8 @@ constexpr double kMargin = 14;
 constexpr double kPadding = 16;
 constexpr double kPageWidth = 624;
 
+constexpr double kLeastFactor = 0.3; // less is not drawn any more
+
 // Shares of the width between the paddings.
 constexpr double kControlWidth = 0.37;
 constexpr double kLabelWidth = 0.61;
@@ -83,7 +85,6 @@ void SettingsRows::addRow(const RowShape& shape)
     it.label->setObjectName("label"_L1 + name);
     it.label->setBuddy(it.control);
     it.control->setObjectName(name);
-    it.control->resize(1, 1); // without a size a control fits no text, and each fit costs the measures of a font
     if (it.text != nullptr)
         it.text->setObjectName("text"_L1 + name);
     for (const RowChoice& choice : shape.choices) {
@@ -96,9 +97,11 @@ void SettingsRows::addRow(const RowShape& shape)
 void SettingsRows::addControl(int row)
 {
     Row& it = mRows[row];
+    constexpr QSize kNone(1, 1); // without a size a control fits no text yet, and each fit costs the measures of a font
     switch (it.shape->kind) {
     case RowKind::Combo:
         it.control = it.combo = new ComboBoxS1M2(this);
+        it.combo->resize(kNone);
         it.combo->setFont(font());
         it.combo->setMaxVisibleItems(14); // the longest list as a whole
         it.combo->installEventFilter(this);
@@ -106,6 +109,7 @@ void SettingsRows::addControl(int row)
         break;
     case RowKind::Switch:
         it.control = it.toggle = new ToggleSwitch(this);
+        it.toggle->resize(kNone);
         connect(it.toggle, &QAbstractButton::clicked, this, [this, row](bool on) { take(row, on ? u"1"_s : u"0"_s); });
         break;
     case RowKind::Text:
@@ -123,8 +127,8 @@ void SettingsRows::addControl(int row)
     }
 }
 
-/// A choice that is made again is none: the device and the store hear of changes only. Its text is a copy: who hears may replace the
-/// choices.
+/// A choice that is made again is none: the device and the store hear of changes only. Its text is a copy: who hears may replace
+/// the choices.
 void SettingsRows::take(int row, QString value)
 {
     if (mRows[row].value == value)
@@ -262,7 +266,7 @@ double SettingsRows::factor() const
             break;
         }
     }
-    return std::min(mScale, place->width() / kPageWidth);
+    return std::min(mScale, std::max(place->width() / kPageWidth, kLeastFactor));
 }
 
 int SettingsRows::pixels(double atFactorOne) const
