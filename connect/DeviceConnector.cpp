@@ -253,6 +253,7 @@ void DeviceConnector::requestQuit()
     if (mFetching) {
         mQuitRequested = true;
         hide();
+        QCoreApplication::exit(0); // of the fetch's loop; the program's does not run yet and knows no quit
     } else {
         QCoreApplication::quit();
     }

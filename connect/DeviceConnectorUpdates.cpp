@@ -4,6 +4,7 @@
 
 #include "connect/DeviceConnectorViewBase.h"
 #include "update/UpdateGateway.h"
+#include "update/UpdaterSoftware.h"
 
 #include <QScopedValueRollback>
 #include <QSettings>
@@ -11,20 +12,11 @@
 using namespace Qt::StringLiterals;
 using namespace quillon;
 
-namespace
-{
-
-// Compared as text: a release number keeps to one digit per field.
-const QString& programVersion()
-{
-    static const QString version = u"1.2.0"_s;
-    return version;
-}
-
-} // namespace
-
 void DeviceConnector::checkForUpdates(int restPage)
 {
+    if (!mUpdates->hasHost()) {
+        return;
+    }
     if (!QSettings().value("AutoCheckForUpdates").toBool()) {
         mUpdates->fetch();
         return;
@@ -41,8 +33,8 @@ void DeviceConnector::checkForUpdates(int restPage)
 void DeviceConnector::offerOrRest(int restPage)
 {
     const QString available = mUpdates->manifestText({u"Software"_s, u"Win"_s, u"Version"_s});
-    if (available > programVersion()) {
-        mView->setVersions(programVersion(), available);
+    if (available > UpdaterSoftware::programVersion()) {
+        mView->setVersions(UpdaterSoftware::programVersion(), available);
         mView->setPage(PageUpdateOffered);
     } else {
         mView->setPage(restPage);
@@ -138,8 +130,12 @@ void DeviceConnector::startFirmwareUpdate(const QString& device, const QString& 
 
 void DeviceConnector::in_updaterSoftware_attributeChanged(QString attribute, QString value)
 {
-    // The program ends itself when its update has started: only the download has something to show.
-    if (attribute.startsWith(u"Download"_s) && mProgress.show(*mView, attribute, value) == UpdateProgress::Outcome::Failed) {
+    // A setup that has started ends the program, and shows nothing; one that does not leaves the user where the download can be
+    // tried again.
+    const bool isUpdate = attribute.startsWith(u"Update"_s);
+    const bool failed = isUpdate ? attribute == u"UpdateState"_s && value == u"Failed"_s
+                                 : mProgress.show(*mView, attribute, value) == UpdateProgress::Outcome::Failed;
+    if (failed) {
         mView->setPage(PageSoftwareDownloadFailed);
     }
 }

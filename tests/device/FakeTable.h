@@ -26,9 +26,9 @@ struct Driver {
     std::uint32_t bufferSize = 256;
     std::uint32_t flags = 0;
     std::uint32_t listed = 3; // supported sizes
-    std::uint32_t dfuState = 2;
-    std::uint32_t dfuDone = 0;
-    std::uint32_t dfuTotal = 1000;
+    std::atomic<std::uint32_t> dfuState = 2;
+    std::atomic<std::uint32_t> dfuDone = 0;
+    std::atomic<std::uint32_t> dfuTotal = 1000;
     std::atomic<bool> inCall = false;
     bool overlapped = false;
     std::uint32_t minor = 13; // of the version of its interface
