@@ -30,7 +30,10 @@ Termination::Termination()
         return;
     }
     mNotifier = std::make_unique<QSocketNotifier>(gPipe[0], QSocketNotifier::Read);
-    QObject::connect(mNotifier.get(), &QSocketNotifier::activated, [] { QCoreApplication::quit(); });
+    QObject::connect(mNotifier.get(), &QSocketNotifier::activated, [] {
+        QCoreApplication::quit();
+        QCoreApplication::exit(0); // also out of a loop that runs before the application's own, which knows no quit
+    });
     struct sigaction action {
     };
     action.sa_handler = onSignal;

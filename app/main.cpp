@@ -12,6 +12,7 @@
 #include "device/USBAudioManager.h"
 #include "device/USBHIDAPI.h"
 #include "resources/Resources.h"
+#include "update/Updates.h"
 
 #include <QStyleFactory>
 
@@ -42,7 +43,8 @@ int main(int argc, char** argv)
 
     int result = 0;
     {
-        DeviceConnector connector;
+        quillon::Updates updates;
+        DeviceConnector connector(&updates);
         connector.showSeries(u"Vantor"_s, {{u"R47"_s, {u"0x152A"_s, u"0x875C"_s}}});
         fonts.completeAfter(connector);
         result = QApplication::exec();
