@@ -40,6 +40,8 @@ void ComboBoxS1M3::setTextColour(const QColor& colour)
 
 void ComboBoxS1M3::dressLineEdit()
 {
+    if (!mCore.isDressed())
+        return;
     // A palette would be lost to the sheet that the box has for its list.
     lineEdit()->setStyleSheet(u"color: %1; background: transparent;"_s.arg(mCore.textColor().name()));
     update();
@@ -61,7 +63,10 @@ void ComboBoxS1M3::setIconShare(double share)
 
 bool ComboBoxS1M3::event(QEvent* event)
 {
+    const bool dressed = mCore.isDressed();
     mCore.watch(event);
+    if (mCore.isDressed() != dressed)
+        dressLineEdit();
     return QComboBox::event(event);
 }
 

@@ -9,6 +9,7 @@
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -25,18 +26,28 @@ ComboCore::ComboCore(QComboBox* host, const ComboLook& look) : mHost(host), mLoo
     host->setMinimumSize(1, 1);
     host->setInsertPolicy(QComboBox::NoInsert);
     host->setItemDelegate(new QStyledItemDelegate(host)); // the look of the list below, on all platforms
-    // Only the list is styled, once: the box itself is painted.
-    host->setStyleSheet(u"QComboBox { combobox-popup: 0; border: none; padding: 0px; }"
-                        "QComboBox::drop-down { width: 0px; border: none; }"
-                        "QComboBox QAbstractItemView { background: rgb(22, 22, 22); color: rgb(222, 222, 222);"
-                        " border: 1px solid rgb(84, 84, 84); outline: 0; selection-background-color: rgb(60, 60, 60);"
-                        " selection-color: rgb(67, 207, 124); }"
-                        "QComboBox QAbstractItemView::item { padding: 3px 6px; background: transparent; }"
-                        "QComboBox QAbstractItemView::item:selected { background: rgb(60, 60, 60); color: rgb(67, 207, 124); }"_s);
     QObject::connect(host, &QComboBox::currentIndexChanged, host, [this] { announcePick(mHost, mHost->currentText()); });
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         QObject::connect(host->model(), signal, host, [this] { relayout(); });
     QObject::connect(host->model(), &QAbstractItemModel::dataChanged, host, [this] { relayout(); });
+}
+
+/// Only the list is styled: the box itself is painted. With the first sight of it, since a sheet takes longer than all the rest of
+/// a box, and most stand in windows that are seldom opened.
+void ComboCore::dress()
+{
+    if (std::exchange(mDressed, true))
+        return;
+    const QString own = mHost->styleSheet();
+    mHost->setStyleSheet(u"QComboBox { combobox-popup: 0; border: none; padding: 0px; }"
+                         "QComboBox::drop-down { width: 0px; border: none; }"
+                         "QComboBox QAbstractItemView { background: rgb(22, 22, 22); color: rgb(222, 222, 222);"
+                         " border: 1px solid rgb(84, 84, 84); outline: 0; selection-background-color: rgb(60, 60, 60);"
+                         " selection-color: rgb(67, 207, 124); }"
+                         "QComboBox QAbstractItemView::item { padding: 3px 6px; background: transparent; }"
+                         "QComboBox QAbstractItemView::item:selected { background: rgb(60, 60, 60); color: rgb(67, 207, 124); }"_s +
+                         own);
+    relayout();
 }
 
 void ComboCore::setFont(const QFont& font)
@@ -144,6 +155,9 @@ void ComboCore::step(int rows)
 void ComboCore::watch(QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::Show:
+        dress();
+        break;
     case QEvent::FocusIn:
         mFocus.focusIn(static_cast<QFocusEvent*>(event));
         mHost->update();

@@ -35,16 +35,19 @@ public:
     void setTextColor(const QColor& color) { mTextColor = color; }
     QColor textColor() const;
     bool isOpen() const;
+    /// Whether the box has been seen, and has its style sheet since then.
+    bool isDressed() const { return mDressed; }
     /// To be called when size or items have changed.
     void relayout();
     /// Ground, arrow and focus; the current text where the combo box has no line edit.
     void paint() const;
     /// Whole notches move by one item each, ends included; false when the page is to have the turn.
     bool wheel(const QWheelEvent* event);
-    /// To be shown every event: it keeps the focus mark.
+    /// To be shown every event: it keeps the focus mark, and dresses the box when it is first seen.
     void watch(QEvent* event);
 
 private:
+    void dress();
     void step(int rows);
     QString longestItem() const;
 
@@ -56,6 +59,7 @@ private:
     WheelGuard mWheelGuard;
     WheelSteps mWheelSteps;
     bool mFitting = false;
+    bool mDressed = false;
 };
 
 } // namespace quillon
