@@ -73,17 +73,13 @@ void Download::start(const QString& address, const UpdateSource& source)
 
 void Download::request(const QUrl& url, const UpdateSource& source)
 {
-    QNetworkReply* reply = startReply(mNetwork, url, source.downloadSilenceMs, source.mostFileBytes);
+    const auto over = [this, name = fileNameOf(url)](const QNetworkReply& reply) { end(finish(reply, name)); };
+    QNetworkReply* reply = startReply(mNetwork, url, source.downloadSilenceMs, source.mostFileBytes, over);
     mSpeedTimer.start();
     connect(reply, &QNetworkReply::metaDataChanged, this, [this, reply] { announce(*reply); });
     connect(reply, &QNetworkReply::downloadProgress, this,
             [this, reply](qint64 received, qint64 total) { progress(*reply, received, total); });
     connect(reply, &QNetworkReply::readyRead, this, [this, reply] { take(*reply); });
-    connect(reply, &QNetworkReply::finished, this, [this, reply, url] {
-        const QString path = finish(*reply, fileNameOf(url));
-        reply->deleteLater();
-        end(path);
-    });
 }
 
 void Download::announce(const QNetworkReply& reply)
@@ -116,6 +112,9 @@ void Download::progress(const QNetworkReply& reply, qint64 received, qint64 tota
 
 void Download::take(QNetworkReply& reply)
 {
+    if (isRefused(reply)) {
+        return;
+    }
     const qint64 elapsed = mSpeedTimer.elapsed();
     mBuffer += reply.readAll();
     if (elapsed >= 1000) {

@@ -13,20 +13,9 @@ namespace
 {
 
 constexpr const char* kRefusal = "refusal";
+constexpr const char* kOver = "over";
 constexpr int kMostRedirects = 5;
 constexpr qsizetype kMostLogged = 300;
-
-// Not inside a signal of the reply: one that is aborted while it finishes finishes twice.
-void refuse(QNetworkReply& reply, const QString& why)
-{
-    reply.setProperty(kRefusal, why);
-    const auto abort = [&reply] {
-        if (!reply.isFinished() && reply.error() == QNetworkReply::NoError) {
-            reply.abort();
-        }
-    };
-    QMetaObject::invokeMethod(&reply, abort, Qt::QueuedConnection);
-}
 
 // A server's words end up in the log: without its line ends and escape sequences, and not all day long.
 QString printable(const QString& text)
@@ -47,7 +36,8 @@ bool isUpdateAddress(const QUrl& url)
     return url.isValid() && url.scheme() == u"https"_s && !url.host().isEmpty();
 }
 
-QNetworkReply* startReply(QNetworkAccessManager& network, const QUrl& url, int silenceMs, qint64 mostBytes)
+QNetworkReply* startReply(QNetworkAccessManager& network, const QUrl& url, int silenceMs, qint64 mostBytes,
+                          const std::function<void(QNetworkReply&)>& whenOver)
 {
     QNetworkRequest request(url);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
@@ -56,19 +46,34 @@ QNetworkReply* startReply(QNetworkAccessManager& network, const QUrl& url, int s
     request.setRawHeader("Accept-Encoding", "identity");
     network.setTransferTimeout(silenceMs);
     QNetworkReply* reply = network.get(request);
-    QObject::connect(reply, &QNetworkReply::redirected, reply, [reply](const QUrl& to) {
+    const auto over = [reply, whenOver] {
+        if (!reply->property(kOver).toBool()) {
+            reply->setProperty(kOver, true);
+            whenOver(*reply);
+            reply->deleteLater();
+        }
+    };
+    // Not aborted, but dropped: an error that is on its way already would be a second one.
+    const auto refuse = [reply, over](const QString& why) {
+        if (!isRefused(*reply)) {
+            reply->setProperty(kRefusal, why);
+            QMetaObject::invokeMethod(reply, over, Qt::QueuedConnection);
+        }
+    };
+    QObject::connect(reply, &QNetworkReply::finished, reply, over);
+    QObject::connect(reply, &QNetworkReply::redirected, reply, [refuse](const QUrl& to) {
         if (!isUpdateAddress(to)) {
-            refuse(*reply, u"sent on to an address that is not safe"_s);
+            refuse(u"sent on to an address that is not safe"_s);
         }
     });
-    QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply, mostBytes] {
+    QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply, mostBytes, refuse] {
         if (reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > mostBytes) {
-            refuse(*reply, u"too large"_s);
+            refuse(u"too large"_s);
         }
     });
-    QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [reply, mostBytes](qint64 received, qint64) {
-        if (received > mostBytes && !isRefused(*reply)) {
-            refuse(*reply, u"too large"_s);
+    QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [mostBytes, refuse](qint64 received, qint64) {
+        if (received > mostBytes) {
+            refuse(u"too large"_s);
         }
     });
     return reply;

@@ -153,11 +153,7 @@ void UpdaterBase::fetch(const std::function<void(bool)>& whenDone)
             whenDone(false);
             return;
         }
-        QNetworkReply* reply = startReply(*mNetwork, mSource.manifest, mSource.fetchSilenceMs, mSource.mostManifestBytes);
-        connect(reply, &QNetworkReply::finished, this, [reply, whenDone] {
-            const bool success = takeManifest(*reply);
-            reply->deleteLater();
-            whenDone(success);
-        });
+        const auto over = [whenDone](QNetworkReply& reply) { whenDone(takeManifest(reply)); };
+        startReply(*mNetwork, mSource.manifest, mSource.fetchSilenceMs, mSource.mostManifestBytes, over);
     });
 }
