@@ -4,7 +4,7 @@
 
 #include "console/SettingsWindow.h"
 #include "console/StatusLine.h"
-#include "console/head/FieldHead.h"
+#include "console/head/FieldHeadS1M1.h"
 #include "device/USBAudioAPI.h"
 #include "update/UpdateGateway.h"
 
@@ -86,6 +86,14 @@ void MainWindow_R47::handleSystemFrame(const DeviceType1::FrameInfo& frame)
 
 void MainWindow_R47::in_settings_attributeChanged(QString objectName, QString attribute, QString value)
 {
+    if (attribute == u"AutoSaveWorkspace"_s) {
+        for (FieldHeadS1M1* bar : mWorkspaceBars) {
+            if (bar != nullptr) {
+                bar->onAppSettingsChanged(QString(), attribute, value);
+            }
+        }
+        return;
+    }
     if (attribute == u"UpdateFirmware"_s) {
         mDevice.in_Others_attributeChanged(objectName, attribute, value);
         handOverForFirmware();
