@@ -52,9 +52,8 @@ QString startSetup(const QString& archive)
 bool unpackImage(const QString& archive, const QString&)
 {
     const QString folder = QFileInfo(archive).path();
-    const QString command = uR"(powershell -Command "Expand-Archive -Path \"%1\" -DestinationPath \"%2\" -Force")"_s;
-    return QProcess::execute(u"powershell"_s,
-                             QProcess::splitCommand(command.arg(doubleQuoted(archive), doubleQuoted(folder))).mid(1)) == 0;
+    const QString command = u"Expand-Archive -Path \"%1\" -DestinationPath \"%2\" -Force"_s;
+    return QProcess::execute(u"powershell"_s, {u"-Command"_s, command.arg(doubleQuoted(archive), doubleQuoted(folder))}) == 0;
 }
 
 } // namespace quillon

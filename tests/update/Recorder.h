@@ -1,10 +1,12 @@
 #pragma once
-// What an updater tells, kept in order on the thread of the test.
+// What the tests of the updates have in common. A recorder keeps what an updater tells, in order, on the thread of the test.
 
 #include "update/UpdaterBase.h"
 
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 class Recorder : public QObject
@@ -39,6 +41,18 @@ public:
 
     QStringList events;
 };
+
+/// A warning that begins like this is due.
+inline void expect(const QString& start)
+{
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QLatin1Char('^') + QRegularExpression::escape(start)));
+}
+
+inline QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
 
 /// All files and links below a folder, sorted.
 inline QStringList filesBelow(const QString& folder)

@@ -24,12 +24,6 @@ QString write(const QString& path, const QByteArray& content)
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path : QString();
 }
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-}
-
 QStringList relative(const QStringList& files, const QString& folder)
 {
     QStringList names;
@@ -37,11 +31,6 @@ QStringList relative(const QStringList& files, const QString& folder)
         names += file.mid(folder.size() + 1);
     }
     return names;
-}
-
-void expect(const QString& start)
-{
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u'^' + QRegularExpression::escape(start)));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // From the first window to the end of an update: the connection window, the updates and a server, together.
 
+#include "Recorder.h"
 #include "UpdateServer.h"
 #include "ZipWriter.h"
 #include "connect/DeviceConnector.h"
@@ -22,17 +23,6 @@ namespace
 {
 
 constexpr const char* kManifest = "/Jsons/UpdaterVantor.json";
-
-void expect(const QString& start)
-{
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u'^' + QRegularExpression::escape(start)));
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 

@@ -99,17 +99,6 @@ struct Rig {
     std::unique_ptr<Recorder> recorder;
 };
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-}
-
-void expect(const QString& start)
-{
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u'^' + QRegularExpression::escape(start)));
-}
-
 } // namespace
 
 class tst_updates : public QObject
