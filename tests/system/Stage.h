@@ -49,8 +49,9 @@ public:
 
     /// From here on frames are counted and recorded anew.
     void mark();
-    /// What the program has sent since the mark: "1101 1" for each frame, in order.
+    /// What the program has sent since the mark: "1101 1" for each frame, in order, without what only a fresh page adds.
     QStringList sent();
+    QStringList sentWithFresh();
     /// The same with the microseconds of each frame.
     QList<std::pair<quint64, QString>> sentAt();
     /// Whether the page has been sent down since the mark.
