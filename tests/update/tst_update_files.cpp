@@ -149,6 +149,8 @@ void tst_update_files::cutAnywhere()
         QVERIFY2(!unpack(archive, to.path()).isEmpty(), qPrintable(QString::number(length)));
     }
     QVERIFY(!unpack(path(u"absent.zip"_s), path(u"to"_s)).isEmpty());
+    const QString twice = write(path(u"twice.zip"_s), ZipWriter::archive({{"a", "1"}, {"a", "2"}}));
+    QVERIFY(!unpack(twice, path(u"to"_s)).isEmpty());
     // Other kinds of archives, which may hold other kinds of links, are none.
     QByteArray tape(1024, '\0');
     tape.replace(0, 4, "name").replace(100, 7, "0000644").replace(124, 11, "00000000000").replace(257, 5, "ustar");
