@@ -15,9 +15,9 @@ void RightAlignDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
 }
 
 ComboBoxS1M3::ComboBoxS1M3(QWidget* parent, double iconShare, Qt::Alignment alignment)
-    : QComboBox(parent), mPopup(new QListView(this)), mScaleFactor(iconShare), mCore(this, quillon::kCornerCombo)
+    : QComboBox(parent), mPopup(new QListView), mScaleFactor(iconShare), mCore(this, quillon::kCornerCombo)
 {
-    setView(mPopup);
+    setView(mPopup); // as a child from the start it would be announced to a core that is not there yet
     setItemDelegate(new RightAlignDelegate(this));
     setEditable(true);
     QLineEdit* edit = lineEdit();
