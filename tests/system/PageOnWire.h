@@ -377,6 +377,20 @@ inline QString quickFolder()
     return folder + u"/quillon-XXXXXX"_s;
 }
 
+/// Begins a test on fresh settings, in a folder of its own below root, which it takes for the running one. From here on a warning
+/// fails it, but for what the platform without a screen says of every window.
+inline void beginTest(const QTemporaryDir& root)
+{
+    QTest::failOnWarning(QRegularExpression("^(?!This plugin does not support).?"));
+    WorkspaceSubject::instance().close();
+    QSettings().clear();
+    AppSettingsSubject::instance().init();
+    const QString name = QLatin1StringView(QTest::currentTestFunction()) + u'/' + QLatin1StringView(QTest::currentDataTag());
+    const QString folder = root.filePath(name);
+    QDir(folder).removeRecursively();
+    QVERIFY(QDir().mkpath(folder) && QDir::setCurrent(folder));
+}
+
 /// The open workspace of a page, saved and read.
 inline Values workspaceSays(quillon::PageId page, QStringList* missing = nullptr)
 {

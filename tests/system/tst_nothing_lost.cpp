@@ -160,12 +160,7 @@ void tst_nothing_lost::afterTenThousandEvents()
     QFETCH(const int, page);
     QFETCH(const int, mode);
     QFETCH(const quint32, seed);
-    // The platform without a screen says so of every window.
-    QTest::failOnWarning(QRegularExpression("^(?!This plugin does not support).?"));
-    QSettings().clear();
-    AppSettingsSubject::instance().init();
-    const QString folder = mFolder.filePath(QString::fromLatin1(QTest::currentDataTag()));
-    QVERIFY(QDir().mkpath(folder) && QDir::setCurrent(folder));
+    wire::beginTest(mFolder);
     QSettings().setValue(quillon::kPageIdKey, page);
 
     Console console({"--rate", "0", "--mode", QString::number(mode)});

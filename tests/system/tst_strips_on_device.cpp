@@ -160,7 +160,7 @@ void tst_strips_on_device::controlsOfTheConsole()
         QCOMPARE(name->text(), QString("Vox"));
     }
     QCOMPARE(console.sent(), QStringList());
-    // The mixes have the place between the sides; the device knows one switch of ducking.
+    // The mixes have the place between the sides; the device knows one switch of ducking, and one of each equalizer.
     static const QRegularExpression mix("^3.0[9a] ");
     for (const char* strip : {"Input_IN1", "Input_IN2"}) {
         QWidget* balance = console.part(strip, "widgetHSlider");
@@ -178,8 +178,8 @@ void tst_strips_on_device::controlsOfTheConsole()
             QTRY_VERIFY(plate->isChecked()); // a click shows itself when it can no longer become a double one
             move(plate, Hand::Space, 0);
         }
-        move(console.part(strip, "PushButtonEQ"), Hand::Right, 0);
-        QCOMPARE(console.sent(), QStringList({"4307 1", "4307 0"}));
+        const QString equalizer = QLatin1StringView(strip) == QLatin1StringView("Input_IN1") ? "9b0f " : "9b10 ";
+        QCOMPARE(console.sent(), QStringList({equalizer + '1', equalizer + '0', "4307 1", "4307 0"}));
     }
     QVERIFY(console.shown() != before);
     // A window that opens and is closed again before anything was measured leaves the gain alone.
