@@ -543,6 +543,7 @@ private slots:
             Bench bench;
             bench.show();
             strip.setEqualizer(bench.window.get());
+            const auto leave = qScopeGuard([&] { subject.clearObservers(); });
             subject.addObserver(&strip);
             subject.createWorkspace(u"A"_s);
             subject.modifyWorkspace(u"A"_s, 0);
@@ -571,12 +572,12 @@ private slots:
             bench.choose(u"actionTarget"_s);
             QCOMPARE(StoreFixture::content(target), kResponse);
             subject.close();
-            subject.clearObservers();
         }
         OutputS1M4 strip(u"Output_HP"_s);
         Bench bench;
         bench.show();
         strip.setEqualizer(bench.window.get());
+        const auto leave = qScopeGuard([&] { subject.clearObservers(); });
         subject.addObserver(&strip);
         subject.modifyWorkspace(u"A"_s, 1); // of a private copy the files stand beside the workspace all the same
         QCOMPARE(bench.visible(), QStringList({u"Combined"_s, u"Filtered"_s, u"Target"_s}));
