@@ -102,6 +102,7 @@ private slots:
     void bandsReachTheDevice_data();
     void bandsReachTheDevice();
     void theUnitMovesTheWindows();
+    void presetsBringTheBandsBack();
     void stripsOpenAndSwitch();
     void faders();
     void theWorkspaceKeepsTheHeadphones();
@@ -163,6 +164,8 @@ void tst_windows_on_wire::bandsReachTheDevice()
         }
     }
     QVERIFY(!window->findChild<QWidget*>(u"item%1"_s.arg(equalizer.bands + 1)));
+    turnWheel(handleOf(window->findChild<QWidget*>("item1")->findChild<QWidget*>("dialGain")), 3);
+    QCOMPARE(bench.console.sent(), bandFrames(equalizer, 1, u"3=5"_s)); // from -1 dB
     // From end to end, each place of the dial once.
     auto* item = window->findChild<QWidget*>("item4");
     for (const Walk& walk : walks) {
@@ -217,6 +220,39 @@ void tst_windows_on_wire::theUnitMovesTheWindows()
     }
     QVERIFY(bench.lamp("Input_IN1")->isChecked() && bench.lamp("Output_HP")->isChecked());
     QVERIFY(!bench.lamp("Input_IN2")->isChecked());
+}
+
+void tst_windows_on_wire::presetsBringTheBandsBack()
+{
+    Bench bench;
+    const auto press = [&](const QString& command) {
+        auto* button = bench.page()->findChild<QAbstractButton*>(u"PushButton"_s + command);
+        QVERIFY2(button, qPrintable(command));
+        button->click();
+    };
+    const auto turnAll = [&](int keys) {
+        for (const Equalizer& row : kEqualizers) {
+            auto* item = bench.equalizer(row.window)->findChild<QWidget*>(u"item%1"_s.arg(row.bands));
+            for (const char* dial : {"dialGain", "dialFreq", "dialQ"}) {
+                for (int i = 0; i < std::abs(keys); ++i) {
+                    QTest::keyClick(handleOf(item->findChild<QWidget*>(QLatin1StringView(dial))),
+                                    keys > 0 ? Qt::Key_Up : Qt::Key_Down);
+                }
+            }
+            move(bench.equalizer(row.window)->findChild<QWidget*>("buttonSwitch"), Hand::Space, 0);
+        }
+    };
+    turnAll(3);
+    press(u"Save preset1"_s);
+    const QMap<QString, QString> kept = bench.shown();
+    turnAll(-5);
+    QVERIFY(bench.shown() != kept);
+    bench.console.sent();
+    press(u"Load preset1"_s);
+    QCOMPARE(bench.console.sent(), QStringList{"110e 1"});
+    bench.console.hear();
+    QCOMPARE(bench.shown(), kept);
+    QCOMPARE(bench.console.sent(), QStringList());
 }
 
 void tst_windows_on_wire::stripsOpenAndSwitch()
