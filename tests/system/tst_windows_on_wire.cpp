@@ -371,11 +371,10 @@ void tst_windows_on_wire::theWorkspaceKeepsTheHeadphones()
             QCOMPARE(int(button->isChecked()), fresh[view] ^ int(row.bands == 10));
         }
     }
-    QTest::qWait(50);
     const QList<QAbstractSeries*> curves = bench.equalizer("EQ_HP")->findChild<Chart*>()->chart()->series();
     const auto target = std::ranges::find(curves, "Target", &QAbstractSeries::name);
     QVERIFY(target != curves.end() && (*target)->isVisible());
-    QVERIFY(qobject_cast<QSplineSeries*>(*target)->count() > 100);
+    QTRY_VERIFY(qobject_cast<QSplineSeries*>(*target)->count() > 100);
 }
 
 QTEST_MAIN(tst_windows_on_wire)
