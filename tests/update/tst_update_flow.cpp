@@ -7,6 +7,7 @@
 #include "connect/DeviceConnectorViewBase.h"
 #include "resources/Resources.h"
 #include "tests/connect/Fakes.h"
+#include "update/UpdateThread.h"
 #include "update/Updates.h"
 
 #include <QFile>
@@ -186,6 +187,7 @@ void tst_update_flow::quitWhileChecking()
     QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
     QCOMPARE(QCoreApplication::exec(), 0);
     QVERIFY(timer.elapsed() < 3000);
+    UpdateThread::stop(); // before the server, which would end the answer that nobody waits for
 }
 
 QTEST_MAIN(tst_update_flow)
