@@ -6,9 +6,9 @@
 #include "app/SingleInstanceManager.h"
 #include "connect/DeviceConnectorViewS1M1.h"
 #include "connect/Registry.h"
-#include "update/UpdateGateway.h"
 #include "console/MainWindow_Base.h"
 #include "device/USBAudioAPI.h"
+#include "update/UpdateGateway.h"
 
 #include <QCoreApplication>
 #include <QIcon>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/AppSettingsSubject.h"
-#include "controls/SvgPixmap.h"
 #include "controls/FramelessWindow.h"
+#include "controls/SvgPixmap.h"
 #include "strips/StripEndpoint.h"
 #include "strips/StripEngine.h"
 #include "workspace/WorkspaceObserver.h"

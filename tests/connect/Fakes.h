@@ -1,12 +1,12 @@
 #pragma once
 // A driver, a HID device, a console window and an update host that do what a test tells them.
 
-#include "update/UpdateGateway.h"
 #include "console/MainWindow_Base.h"
 #include "device/DeviceR47.h"
 #include "device/USBAudioAPI.h"
 #include "tests/device/FakeHid.h"
 #include "tests/device/FakeTable.h"
+#include "update/UpdateGateway.h"
 
 #include <functional>
 #include <memory>
