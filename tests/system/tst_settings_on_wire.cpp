@@ -8,6 +8,7 @@
 
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -49,7 +50,8 @@ class tst_settings_on_wire : public QObject
     Q_OBJECT
 private slots:
     void initTestCase() { loadLibraries(); }
-    void init() { wire::beginTest(mFolder); }
+    // A driver that is looked at in the moment in which the unit goes says so.
+    void init() { wire::beginTest(mFolder, u"USBAudioAPI::"_s); }
     void optionsOfTheDevice();
     void factoryReset();
     void anotherMode();
@@ -205,9 +207,9 @@ void tst_settings_on_wire::firmwareUpdate()
                 QVERIFY(USBAudioAPI::instance().getNameOfAllDevice().contains(u"R47"_s));
             });
     Paints paints;
-    bench.window().centralWidget()->installEventFilter(&paints);
+    bench.window().statusBar()->installEventFilter(&paints);
     QTimer painter;
-    connect(&painter, &QTimer::timeout, this, [&] { bench.window().centralWidget()->update(); });
+    connect(&painter, &QTimer::timeout, this, [&] { bench.window().statusBar()->update(); });
     painter.start(20);
     time.start();
     QTest::keyClick(update, Qt::Key_Space);
@@ -218,9 +220,9 @@ void tst_settings_on_wire::firmwareUpdate()
     QCOMPARE(told, QStringList{"R47 UpdateFirmware"});
     QVERIFY2(unit.contains("\"update\":true") && unit.contains("\"plugged\":1"), unit.left(300));
     QVERIFY2(took >= 300, qPrintable(QString::number(took))); // so long it was away
-    QVERIFY2(painted >= 5, qPrintable(QString::number(painted)));
+    QVERIFY2(painted >= 3, qPrintable(QString::number(painted)));
     QVERIFY(!dialog->isVisible());
-    bench.window().centralWidget()->removeEventFilter(&paints);
+    bench.window().statusBar()->removeEventFilter(&paints);
 }
 
 QTEST_MAIN(tst_settings_on_wire)
