@@ -12,7 +12,8 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Control application of the R47 audio inte
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Quillon developers <quillon@example.org>")
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What is used at run time only, so that no linker sees it: a plugin, and the authorities that updates are checked against.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, ca-certificates")
+# What is used at run time only, so that no linker sees it: a plugin, the library that reads archives, and the authorities that updates
+# are checked against.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, libarchive13, ca-certificates")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 include(CPack)

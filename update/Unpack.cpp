@@ -1,13 +1,12 @@
 #include "update/Unpack.h"
 
+#include "update/ArchiveLibrary.h"
 #include "update/UpdateThread.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QThread>
-#include <archive.h>
-#include <archive_entry.h>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -21,16 +20,17 @@ namespace
 constexpr size_t kBlock = 64 * 1024;
 
 struct Closer {
-    void operator()(archive* handle) const { archive_read_free(handle); }
+    const ArchiveLibrary* library;
+    void operator()(archive* handle) const { library->readFree(handle); }
 };
 using Reader = std::unique_ptr<archive, Closer>;
 
 /// An entry's name with its folders, "a/b.bin"; empty when it is none that stays inside the folder it is unpacked to.
-QString safeName(archive_entry* entry)
+QString safeName(const ArchiveLibrary& library, archive_entry* entry)
 {
-    const char* raw = archive_entry_pathname_utf8(entry);
+    const char* raw = library.entryPathnameUtf8(entry);
     if (raw == nullptr) {
-        raw = archive_entry_pathname(entry);
+        raw = library.entryPathname(entry);
     }
     QString name = QString::fromUtf8(raw);
     if (name.endsWith(u'/')) {
@@ -51,16 +51,16 @@ QString safeName(archive_entry* entry)
 class Unpacker
 {
 public:
-    Unpacker(archive* reader, const QDir& folder, const QString& only, const UnpackLimits& limits)
-        : mReader(reader), mFolder(folder), mOnly(only), mLimits(limits)
+    Unpacker(const ArchiveLibrary& library, archive* reader, const QDir& folder, const QString& only, const UnpackLimits& limits)
+        : mLibrary(library), mReader(reader), mFolder(folder), mOnly(only), mLimits(limits)
     {
     }
 
     QString all()
     {
         archive_entry* entry = nullptr;
-        int status = archive_read_next_header(mReader, &entry);
-        for (; status == ARCHIVE_OK; status = archive_read_next_header(mReader, &entry)) {
+        int status = mLibrary.readNextHeader(mReader, &entry);
+        for (; status == ARCHIVE_OK; status = mLibrary.readNextHeader(mReader, &entry)) {
             if (++mEntries > mLimits.entries) {
                 return u"too many entries"_s;
             }
@@ -74,18 +74,18 @@ public:
 private:
     QString damaged() const
     {
-        const char* why = archive_error_string(mReader);
+        const char* why = mLibrary.errorString(mReader);
         return u"damaged archive: "_s + QString::fromUtf8(why != nullptr ? why : "unknown");
     }
 
     QString one(archive_entry* entry)
     {
-        const auto type = archive_entry_filetype(entry);
-        const bool isLink = archive_entry_hardlink(entry) != nullptr || archive_entry_symlink(entry) != nullptr;
+        const auto type = mLibrary.entryFiletype(entry);
+        const bool isLink = mLibrary.entryHardlink(entry) != nullptr || mLibrary.entrySymlink(entry) != nullptr;
         if (isLink || (type != AE_IFREG && type != AE_IFDIR)) {
             return u"an entry that is neither file nor folder"_s;
         }
-        const QString name = safeName(entry);
+        const QString name = safeName(mLibrary, entry);
         if (name.isEmpty()) {
             return u"an entry whose name leaves the folder"_s;
         }
@@ -109,7 +109,7 @@ private:
         size_t size = 0;
         la_int64_t offset = 0;
         int status = ARCHIVE_OK;
-        while ((status = archive_read_data_block(mReader, &block, &size, &offset)) == ARCHIVE_OK) {
+        while ((status = mLibrary.readDataBlock(mReader, &block, &size, &offset)) == ARCHIVE_OK) {
             mBytes += static_cast<qint64>(size);
             if (mBytes > mLimits.bytes) {
                 return u"too large"_s;
@@ -128,6 +128,7 @@ private:
         return file.flush() ? QString() : u"a file can not be written: "_s + file.errorString();
     }
 
+    const ArchiveLibrary& mLibrary;
     archive* mReader;
     QDir mFolder;
     QString mOnly;
@@ -140,13 +141,17 @@ private:
 
 QString unpack(const QString& archive, const QString& folder, const QString& only, const UnpackLimits& limits)
 {
-    const Reader reader(archive_read_new());
+    const ArchiveLibrary* library = ArchiveLibrary::instance();
+    if (library == nullptr) {
+        return u"the archive library is not installed"_s;
+    }
+    const Reader reader(library->readNew(), Closer{library});
     // By the directory at its end, so that an archive that was cut off is none.
-    archive_read_support_format_zip_seekable(reader.get());
-    if (archive_read_open_filename(reader.get(), QFile::encodeName(archive).constData(), kBlock) != ARCHIVE_OK) {
+    library->readSupportFormatZipSeekable(reader.get());
+    if (library->readOpenFilename(reader.get(), QFile::encodeName(archive).constData(), kBlock) != ARCHIVE_OK) {
         return u"no archive"_s;
     }
-    return Unpacker(reader.get(), QDir(folder), only, limits).all();
+    return Unpacker(*library, reader.get(), QDir(folder), only, limits).all();
 }
 
 } // namespace quillon
