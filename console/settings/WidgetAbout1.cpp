@@ -121,7 +121,7 @@ void WidgetAbout1::rowEdited(int row)
 
 void WidgetAbout1::fetch()
 {
-    if (mGateway == nullptr || mState == State::Fetching)
+    if (mGateway == nullptr || !mGateway->hasHost() || mState == State::Fetching)
         return;
     mState = State::Fetching; // first: the answer may come before the call returns
     showVersions();

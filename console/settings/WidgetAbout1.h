@@ -24,7 +24,7 @@ public:
     void setFirmwareVersion(const QString& version);
     /// Is marked as a beta version unless it ends in ".0".
     void setSoftwareVersion(const QString& version);
-    /// Where newer versions are asked for. Null: nowhere, the versions stand alone.
+    /// Where newer versions are asked for. Null, or one without a host: nowhere, the versions stand alone.
     void setUpdateGateway(quillon::UpdateGateway* gateway);
 
     void onAppSettingsChanged(QString objectName, QString attribute, QString value) override;
