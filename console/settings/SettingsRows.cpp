@@ -110,7 +110,8 @@ void SettingsRows::addControl(int row)
     case RowKind::Switch:
         it.control = it.toggle = new ToggleSwitch(this);
         it.toggle->resize(kNone);
-        connect(it.toggle, &QAbstractButton::clicked, this, [this, row](bool on) { take(row, on ? u"1"_s : u"0"_s); });
+        // Not clicked(): assistive technology toggles a button without a click.
+        connect(it.toggle, &QAbstractButton::toggled, this, [this, row](bool on) { take(row, on ? u"1"_s : u"0"_s); });
         break;
     case RowKind::Text:
         mHasTexts = true;
@@ -147,6 +148,7 @@ bool SettingsRows::set(int row, const QString& value)
             return false;
         it.combo->setCurrentIndex(int(found - it.choices.cbegin()));
     } else {
+        const QSignalBlocker silent(it.toggle);
         it.toggle->setChecked(value == "1"_L1);
     }
     it.value = value;

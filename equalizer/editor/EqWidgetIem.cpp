@@ -146,7 +146,8 @@ void EqWidgetIem::setupConnections()
         showSwitch();
         return told.has_value();
     };
-    connect(mCheckBoxSwitch, &QCheckBox::clicked, this, [this](bool on) { apply(EqWidgetItemData::Switch, on); });
+    // Not clicked(): assistive technology toggles a button without a click.
+    connect(mCheckBoxSwitch, &QCheckBox::toggled, this, [this](bool on) { apply(EqWidgetItemData::Switch, on); });
 }
 
 /// The one way of a change by the user. What changes nothing is told as well.
@@ -199,6 +200,7 @@ void EqWidgetIem::showType()
 /// The number of a band that is off is dimmed.
 void EqWidgetIem::showSwitch()
 {
+    const QSignalBlocker silent(mCheckBoxSwitch);
     mCheckBoxSwitch->setChecked(mData.enabled);
     QPalette colors = mLabelNumber->palette();
     const int grey = mData.enabled ? 222 : 120;

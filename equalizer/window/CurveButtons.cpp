@@ -4,6 +4,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <numeric>
 
@@ -83,8 +84,19 @@ CurveButtons::CurveButtons(QWidget* parent) : QWidget(parent)
 {
     for (std::size_t i = 0; i < kCurveViews; ++i) {
         mButtons[i] = new CurveButton(curveViewRows()[i], this);
-        connect(mButtons[i], &QPushButton::clicked, this, [this, i](bool on) { emit clicked(CurveView(i), on); });
+        // Not its click: assistive technology toggles a button without one.
+        connect(mButtons[i], &QPushButton::toggled, this, [this, i](bool on) {
+            if (!mSilent) {
+                emit clicked(CurveView(i), on);
+            }
+        });
     }
+}
+
+void CurveButtons::setChecked(CurveView view, bool on)
+{
+    const QScopedValueRollback silent(mSilent, true);
+    button(view)->setChecked(on);
 }
 
 void CurveButtons::setChinese(bool chinese)

@@ -56,7 +56,7 @@ public:
 
     bool isChecked(CurveView view) const { return button(view)->isChecked(); }
     /// Silent.
-    void setChecked(CurveView view, bool on) { button(view)->setChecked(on); }
+    void setChecked(CurveView view, bool on);
     void setChinese(bool chinese);
     /// The face; the size follows from the row.
     void setFace(const QFont& face);
@@ -75,6 +75,7 @@ private:
 
     std::array<CurveButton*, kCurveViews> mButtons{};
     QFont mFace;
+    bool mSilent = false;
 };
 
 } // namespace quillon

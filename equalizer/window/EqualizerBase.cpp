@@ -130,7 +130,7 @@ void EqualizerBase::buildTitle()
     mTitle = newLabel(mTop, u"labelTitle"_s, Qt::white);
     mClose = new quillon::TitleButton(quillon::TitleButton::Sign::Close, mTop);
     mClose->setObjectName(u"buttonClose"_s);
-    connect(mSwitch, &QPushButton::clicked, this, [this](bool on) { setSwitch(on, true); });
+    connect(mSwitch, &QPushButton::toggled, this, [this](bool on) { setSwitch(on, true); });
     connect(mClose, &QPushButton::clicked, this, &QWidget::close);
 }
 
@@ -153,7 +153,10 @@ QWidget* EqualizerBase::adopt(QWidget* control, const char* objectName)
 
 void EqualizerBase::setSwitch(bool on, bool sendEvent)
 {
-    mSwitch->setChecked(on);
+    {
+        const QSignalBlocker silent(mSwitch);
+        mSwitch->setChecked(on);
+    }
     if (sendEvent) {
         raise(u"Switch"_s, on ? u"1"_s : u"0"_s);
     }

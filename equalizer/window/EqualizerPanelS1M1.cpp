@@ -108,7 +108,7 @@ void EqualizerPanelS1M1::join()
     connect(mMenu, &quillon::CurveMenu::chosen, this, &EqualizerPanelS1M1::run);
     connect(mMenu, &QMenu::aboutToShow, this,
             [this] { mMenu->setLetterPixels(std::max(kLeastLetters, int(height() * kMenuLetters))); });
-    connect(mHead, &QPushButton::clicked, this, [this] {
+    connect(mHead, &QPushButton::toggled, this, [this] {
         mButtons->setHidden(!mButtons->isHidden());
         layoutParts();
     });
