@@ -99,6 +99,7 @@ void MainWindow_Base::endConnection()
     mTimerAuth.stop();
     mTimerOnline.stop();
     mTimerFrameRate.stop();
+    USBAudioManager::instance().stopMonitoring(); // a unit that is away has no rates to tell
 }
 
 void MainWindow_Base::in_mTimerFrameRate_timeout()
