@@ -2,12 +2,15 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QPointer>
 #include <QThread>
+#include <atomic>
 #include <deque>
 #include <memory>
 #include <mutex>
 #include <semaphore>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +37,7 @@ public:
     }
 
 public slots:
+    /// Once the thread is to end, its loop ends here: whoever asked for that did so before it added the task that is left undone.
     void doNext()
     {
         std::function<void()> task;
@@ -42,7 +46,11 @@ public slots:
             task.swap(mTasks.front());
             mTasks.pop_front();
         }
-        task();
+        if (UpdateThread::isStopping()) {
+            QThread::currentThread()->quit();
+        } else {
+            task();
+        }
     }
 
 private:
@@ -62,16 +70,30 @@ public:
         mWorker.moveToThread(this);
     }
     Worker& worker() { return mWorker; }
+    /// Deleted with the thread's end, by the thread.
+    void adopt(QObject& object)
+    {
+        object.moveToThread(this);
+        mAdopted.emplace_back(&object);
+    }
+    /// Waits for the end; false when it does not come in time.
+    bool waitEnded(int milliseconds) { return wait(QDeadlineTimer(milliseconds)) && mEnded.load(); }
 
 protected:
     void run() override
     {
         mStarted.release();
         exec();
+        for (const QPointer<QObject>& object : mAdopted) {
+            delete object;
+        }
+        mEnded.store(true); // orders what the thread did before what follows its end
     }
 
 private:
     std::binary_semaphore mStarted{0};
+    std::atomic<bool> mEnded = false;
+    std::vector<QPointer<QObject>> mAdopted; // some are deleted before
     Worker mWorker;
 };
 
@@ -90,8 +112,7 @@ void UpdateThread::adopt(QObject& object)
             return true;
         }();
     }
-    object.moveToThread(gRunning);
-    QObject::connect(gRunning, &QThread::finished, &object, &QObject::deleteLater);
+    gRunning->adopt(object);
 }
 
 bool UpdateThread::post(const std::function<void()>& task)
@@ -114,8 +135,8 @@ void UpdateThread::stop()
         return;
     }
     running->requestInterruption();
-    running->quit();
-    if (running->wait(QDeadlineTimer(kMostWaitMs))) {
+    running->worker().add([] {});
+    if (running->waitEnded(kMostWaitMs)) {
         delete running;
     }
 }
