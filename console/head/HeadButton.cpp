@@ -52,7 +52,7 @@ void paintTick(QPainter& painter)
 
 } // namespace
 
-HeadButton::HeadButton(HeadPicture picture, QWidget* parent) : QPushButton(parent), mPicture(picture)
+HeadButton::HeadButton(HeadPicture picture, QWidget* parent) : FocusMarked(parent), mPicture(picture)
 {
     if (picture == HeadPicture::Settings) {
         mIcon = QIcon(u":/Icon/Settings.png"_s);
@@ -107,18 +107,6 @@ void HeadButton::keyPressEvent(QKeyEvent* event)
     } else {
         QPushButton::keyPressEvent(event);
     }
-}
-
-void HeadButton::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QPushButton::focusInEvent(event);
-}
-
-void HeadButton::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QPushButton::focusOutEvent(event);
 }
 
 } // namespace quillon

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 
 #include <QPushButton>
 
@@ -11,7 +11,7 @@ namespace quillon
 enum class HeadPicture { Save, Download, Settings };
 
 /// A button of the bar: a picture on the bar's own ground, with a plate under the pointer. GUI thread.
-class HeadButton : public QPushButton
+class HeadButton : public FocusMarked<QPushButton>
 {
 public:
     HeadButton(HeadPicture picture, QWidget* parent);
@@ -22,13 +22,10 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     const HeadPicture mPicture;
     QIcon mIcon; // of a picture that is a file
-    FocusMark mFocus;
     bool mDone = false;
 };
 

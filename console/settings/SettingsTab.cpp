@@ -1,12 +1,11 @@
 #include "console/settings/SettingsTab.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace quillon
 {
 
-SettingsTab::SettingsTab(QWidget* parent) : QRadioButton(parent)
+SettingsTab::SettingsTab(QWidget* parent) : FocusMarked(parent)
 {
     setAttribute(Qt::WA_Hover);
     setMinimumSize(1, 1);
@@ -44,18 +43,6 @@ void SettingsTab::paintEvent(QPaintEvent*)
         painter.setPen(QPen(FocusMark::color(), 1.5));
         painter.drawRoundedRect(plate, radius, radius);
     }
-}
-
-void SettingsTab::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QRadioButton::focusInEvent(event); // paints anew
-}
-
-void SettingsTab::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QRadioButton::focusOutEvent(event);
 }
 
 } // namespace quillon

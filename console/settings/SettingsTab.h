@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 
 #include <QRadioButton>
 
@@ -8,7 +8,7 @@ namespace quillon
 {
 
 /// A tab at the left of the settings dialog: one of several of which one is chosen. GUI thread.
-class SettingsTab final : public QRadioButton
+class SettingsTab final : public FocusMarked<QRadioButton>
 {
 public:
     explicit SettingsTab(QWidget* parent);
@@ -19,11 +19,6 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-
-private:
-    FocusMark mFocus;
 };
 
 } // namespace quillon

@@ -3,7 +3,6 @@
 #include "app/GlobalFont.h"
 #include "controls/group/PlatePaint.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace quillon
@@ -19,7 +18,7 @@ constexpr double kEndInset = 0.2;
 
 } // namespace
 
-ToggleSwitch::ToggleSwitch(QWidget* parent) : QCheckBox(parent), mFace(font())
+ToggleSwitch::ToggleSwitch(QWidget* parent) : FocusMarked(parent), mFace(font())
 {
     setAttribute(Qt::WA_Hover);
     setMinimumSize(1, 1);
@@ -64,7 +63,7 @@ void ToggleSwitch::refit()
 void ToggleSwitch::resizeEvent(QResizeEvent* event)
 {
     refit();
-    QCheckBox::resizeEvent(event);
+    FocusMarked::resizeEvent(event);
 }
 
 void ToggleSwitch::paintEvent(QPaintEvent*)
@@ -99,18 +98,6 @@ void ToggleSwitch::paintEvent(QPaintEvent*)
         painter.setPen(QPen(FocusMark::color(), 1.5));
         painter.drawRoundedRect(track, radius, radius);
     }
-}
-
-void ToggleSwitch::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QCheckBox::focusInEvent(event); // paints anew
-}
-
-void ToggleSwitch::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QCheckBox::focusOutEvent(event);
 }
 
 } // namespace quillon

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 #include "controls/MessageBoxParts.h"
 
 #include <QCheckBox>
@@ -9,7 +9,7 @@ namespace quillon
 {
 
 /// A sliding switch. Where its knob is not, a word tells the state as well. GUI thread.
-class ToggleSwitch final : public QCheckBox
+class ToggleSwitch final : public FocusMarked<QCheckBox>
 {
 public:
     explicit ToggleSwitch(QWidget* parent);
@@ -21,8 +21,6 @@ protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     QRectF wordPlace(bool on) const;
@@ -30,7 +28,6 @@ private:
 
     bool mChinese = false;
     QFont mFace;
-    FocusMark mFocus;
 };
 
 } // namespace quillon

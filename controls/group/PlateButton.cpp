@@ -1,13 +1,12 @@
 #include "controls/group/PlateButton.h"
 
 #include <QEvent>
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace quillon
 {
 PlateButton::PlateButton(QWidget* parent, PlateStyle style, PlateTone tone)
-    : QPushButton(parent), mColors{plateColors(style, tone, false), plateColors(style, tone, true)}
+    : FocusMarked(parent), mColors{plateColors(style, tone, false), plateColors(style, tone, true)}
 {
     setAutoDefault(false);
     setAttribute(Qt::WA_LayoutUsesWidgetRect);
@@ -49,7 +48,7 @@ void PlateButton::layoutPlate()
 void PlateButton::resizeEvent(QResizeEvent* event)
 {
     layoutPlate();
-    QPushButton::resizeEvent(event);
+    FocusMarked::resizeEvent(event);
 }
 
 bool PlateButton::event(QEvent* event)
@@ -57,7 +56,7 @@ bool PlateButton::event(QEvent* event)
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
         update();
     }
-    return QPushButton::event(event);
+    return FocusMarked::event(event);
 }
 
 void PlateButton::paintEvent(QPaintEvent*)
@@ -69,15 +68,4 @@ void PlateButton::paintEvent(QPaintEvent*)
                {.enabled = isEnabled(), .hovered = underMouse(), .pressed = isDown(), .focused = mFocus.isShown()}, text());
 }
 
-void PlateButton::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QPushButton::focusInEvent(event); // paints anew
-}
-
-void PlateButton::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QPushButton::focusOutEvent(event);
-}
 } // namespace quillon

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 #include "controls/group/PlatePaint.h"
 
 #include <QPushButton>
@@ -11,7 +11,7 @@
 namespace quillon
 {
 /// A push button drawn as a plate. A checkable one has a lamp that is lit while it is checked. GUI thread.
-class PlateButton : public QPushButton
+class PlateButton : public FocusMarked<QPushButton>
 {
     Q_OBJECT
 public:
@@ -26,8 +26,6 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     PlateLayout presentLayout() const;
@@ -37,6 +35,5 @@ private:
     std::array<QBrush, 2> mFill;
     PlateLayout mLayout;
     std::optional<LampPlace> mLampPlace;
-    FocusMark mFocus;
 };
 } // namespace quillon

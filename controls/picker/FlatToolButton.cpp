@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace quillon
 {
 
-FlatToolButton::FlatToolButton(QWidget* parent) : QToolButton(parent)
+FlatToolButton::FlatToolButton(QWidget* parent) : FocusMarked(parent)
 {
     installPickerAccessibility();
     setAttribute(Qt::WA_Hover);
@@ -86,20 +86,6 @@ void FlatToolButton::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QToolButton::keyReleaseEvent(event);
-}
-
-void FlatToolButton::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QToolButton::focusInEvent(event);
-    update();
-}
-
-void FlatToolButton::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QToolButton::focusOutEvent(event);
-    update();
 }
 
 QString darkMenuSheet(double letterPixels, const QColor& background)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 #include "controls/picker/PickerAccess.h"
 
 #include <QToolButton>
@@ -11,7 +11,7 @@ namespace quillon
 
 /// A flat button that opens a menu: its text stands in the middle, without a mark for the menu. A checked one is green and has a
 /// lamp at its left. GUI thread.
-class FlatToolButton : public QToolButton, public PickerHost
+class FlatToolButton : public FocusMarked<QToolButton>, public PickerHost
 {
 public:
     explicit FlatToolButton(QWidget* parent);
@@ -31,8 +31,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     double lampWidth() const { return std::max(2.0, height() * 0.1); }
@@ -41,7 +39,6 @@ private:
     QColor mText{216, 216, 216};
     QColor mBackground{45, 45, 45};
     double mRadius = 0;
-    FocusMark mFocus;
 };
 
 /// The look of the program's menus, with letters of that many pixels. For a menu itself, set when it opens.

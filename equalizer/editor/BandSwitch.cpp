@@ -1,6 +1,5 @@
 #include "equalizer/editor/BandSwitch.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -17,7 +16,7 @@ constexpr QPointF kTick[]{{0.22, 0.53}, {0.42, 0.73}, {0.79, 0.29}};
 
 } // namespace
 
-BandSwitch::BandSwitch(QWidget* parent) : QCheckBox(parent)
+BandSwitch::BandSwitch(QWidget* parent) : FocusMarked(parent)
 {
     setMinimumSize(1, 1);
     setAttribute(Qt::WA_Hover);
@@ -57,18 +56,6 @@ void BandSwitch::paintEvent(QPaintEvent*)
     painter.setPen(QPen(lit ? QColor(190, 190, 190) : QColor(138, 138, 138), line));
     painter.setBrush(QColor(31, 31, 31));
     painter.drawRoundedRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
-}
-
-void BandSwitch::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QCheckBox::focusInEvent(event); // repaints
-}
-
-void BandSwitch::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QCheckBox::focusOutEvent(event);
 }
 
 } // namespace quillon

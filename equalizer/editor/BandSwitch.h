@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 
 #include <QCheckBox>
 
@@ -8,7 +8,7 @@ namespace quillon
 {
 
 /// A check box that is all square: the tick tells its state, the colour only says it again. GUI thread.
-class BandSwitch : public QCheckBox
+class BandSwitch : public FocusMarked<QCheckBox>
 {
 public:
     explicit BandSwitch(QWidget* parent = nullptr);
@@ -19,11 +19,6 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-
-private:
-    FocusMark mFocus;
 };
 
 } // namespace quillon

@@ -1,6 +1,5 @@
 #include "equalizer/window/FlatButton.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace quillon
@@ -14,7 +13,7 @@ constexpr QColor kPressed{12, 12, 12};
 
 } // namespace
 
-FlatButton::FlatButton(QWidget* parent) : QPushButton(parent)
+FlatButton::FlatButton(QWidget* parent) : FocusMarked(parent)
 {
     setCheckable(true);
     setAutoDefault(false);
@@ -33,20 +32,6 @@ void FlatButton::paintEvent(QPaintEvent*)
     }
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     paintFace(painter);
-}
-
-void FlatButton::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QPushButton::focusInEvent(event);
-    update();
-}
-
-void FlatButton::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QPushButton::focusOutEvent(event);
-    update();
 }
 
 PictureButton::PictureButton(const QString& picture, const QString& checked, QWidget* parent) : FlatButton(parent)

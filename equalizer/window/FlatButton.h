@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 
 #include <QPushButton>
 
@@ -10,7 +10,7 @@ namespace quillon
 {
 
 /// A checkable button that is flat until the pointer or the keyboard comes to it. Return is left to the window. GUI thread.
-class FlatButton : public QPushButton
+class FlatButton : public FocusMarked<QPushButton>
 {
     Q_OBJECT
 public:
@@ -20,11 +20,6 @@ protected:
     virtual void paintFace(QPainter& painter) = 0;
 
     void paintEvent(QPaintEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-
-private:
-    FocusMark mFocus;
 };
 
 /// One with a picture, and another one while it is checked. GUI thread.

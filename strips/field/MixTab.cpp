@@ -15,7 +15,7 @@ constexpr QColor kHover(222, 222, 222);
 } // namespace
 
 MixTab::MixTab(const QString& objectName, const QString& name, const QColor& colour, QWidget* parent)
-    : QRadioButton(name, parent), mColour(colour)
+    : FocusMarked(name, parent), mColour(colour)
 {
     setObjectName(objectName);
     setAttribute(Qt::WA_Hover);
@@ -49,18 +49,6 @@ void MixTab::paintEvent(QPaintEvent*)
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 3, 3);
     }
-}
-
-void MixTab::focusInEvent(QFocusEvent* event)
-{
-    mFocus.focusIn(event);
-    QRadioButton::focusInEvent(event); // paints anew
-}
-
-void MixTab::focusOutEvent(QFocusEvent* event)
-{
-    mFocus.focusOut(event);
-    QRadioButton::focusOutEvent(event);
 }
 
 } // namespace quillon

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 
 #include <QRadioButton>
 
@@ -9,7 +9,7 @@ namespace quillon
 
 /// The name of a mix beside a field's title: one of them is selected, in the colour of its mix and underlined. A press selects; the
 /// arrow keys go from one to the next. GUI thread.
-class MixTab : public QRadioButton
+class MixTab : public FocusMarked<QRadioButton>
 {
     Q_OBJECT
 public:
@@ -23,12 +23,9 @@ protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     QColor mColour;
-    FocusMark mFocus;
 };
 
 } // namespace quillon

@@ -1,7 +1,7 @@
 #include "strips/input/PillSelector.h"
 
 #include "app/GlobalFont.h"
-#include "controls/FocusMark.h"
+#include "controls/FocusMarked.h"
 
 #include <QFocusEvent>
 #include <QPainter>
@@ -29,10 +29,10 @@ constexpr QColor kCaptionOff{161, 161, 161};
 constexpr QColor kCaptionLit{222, 222, 222};
 
 /// A pill with its caption along it. Its looks are a picture for each state.
-class PillButton : public QPushButton
+class PillButton : public quillon::FocusMarked<QPushButton>
 {
 public:
-    explicit PillButton(QWidget* parent) : QPushButton(parent)
+    explicit PillButton(QWidget* parent) : FocusMarked(parent)
     {
         setCheckable(true);
         setAutoExclusive(true);
@@ -71,16 +71,6 @@ protected:
         QPushButton::resizeEvent(event);
         mPictures = {};
     }
-    void focusInEvent(QFocusEvent* event) override
-    {
-        mFocus.focusIn(event);
-        QPushButton::focusInEvent(event);
-    }
-    void focusOutEvent(QFocusEvent* event) override
-    {
-        mFocus.focusOut(event);
-        QPushButton::focusOutEvent(event);
-    }
 
 private:
     const QPixmap& picture(bool lit)
@@ -96,7 +86,6 @@ private:
     }
 
     std::array<QPixmap, 2> mPictures; // off, lit
-    FocusMark mFocus;
 };
 
 } // namespace
