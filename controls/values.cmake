@@ -33,6 +33,7 @@ target_sources(quillon_controls PRIVATE
     meter/MeterChannel.cpp meter/MeterChannel.h
     meter/MeterFaces.cpp meter/MeterFaces.h
     meter/MeterPaint.cpp meter/MeterPaint.h
+    meter/MeterPass.cpp meter/MeterPass.h
     meter/MeterShape.cpp meter/MeterShape.h
     meter/MeterSkin.cpp meter/MeterSkin.h
     meter/MeterView.cpp meter/MeterView.h

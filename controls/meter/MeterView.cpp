@@ -2,6 +2,7 @@
 
 #include "app/GlobalFont.h"
 #include "controls/Accessibility.h"
+#include "controls/meter/MeterPass.h"
 #include "controls/meter/MeterSkin.h"
 
 #include <QCoreApplication>
@@ -34,7 +35,11 @@ MeterView::MeterView(QWidget* host, const MeterShape& shape)
     relayout();
 }
 
-MeterView::~MeterView() = default;
+MeterView::~MeterView()
+{
+    if (mStale)
+        MeterPass::instance().remove(*this);
+}
 
 void MeterView::feed(int lane, int tenthsOfDb)
 {
@@ -71,18 +76,21 @@ void MeterView::take(int lane, MeterReading reading)
 {
     Lane& fed = mLanes[size_t(lane)];
     const int before = fed.channel.level();
-    const auto result = fed.channel.feed(reading, mShape.textRow && fed.hold.isActive());
+    const auto result = fed.channel.feed(reading, fed.holding);
     if (result.startClip)
         fed.clip.start(MeterChannel::kClipMs);
-    if (result.startHold && mShape.textRow)
+    if (result.startHold && mShape.textRow) {
         fed.hold.start(MeterChannel::kHoldMs);
+        fed.holding = true;
+    }
     changed(lane, result.changed, before);
 }
 
 void MeterView::endHold(int lane)
 {
-    MeterChannel& channel = mLanes[size_t(lane)].channel;
-    changed(lane, channel.endHold(), channel.level());
+    Lane& held = mLanes[size_t(lane)];
+    held.holding = false;
+    changed(lane, held.channel.endHold(), held.channel.level());
 }
 
 void MeterView::endClip(int lane)
@@ -108,38 +116,72 @@ void MeterView::changed(int lane, unsigned what, int levelBefore)
 {
     if (what == MeterChannel::Nothing)
         return;
-    if (what & MeterChannel::Level)
-        updateBar(lane, levelBefore);
-    if (!mLayout.lanes[lane].shown)
-        return;
-    if (what & MeterChannel::Hold)
-        mHost->update(0, mTextAreas[lane].y(), mHost->width(), mTextAreas[lane].height());
-    if (what & MeterChannel::Clip)
-        mHost->update(mLayout.lanes[lane].lamp);
     announce();
+    Lane& fed = mLanes[size_t(lane)];
+    const MeterLane& place = mLayout.lanes[lane];
+    if (!place.shown || !mHost->isVisible())
+        return;
+    if (what & MeterChannel::Level)
+        fed.staleBar |= changedBar(lane, levelBefore);
+    if (what & MeterChannel::Hold)
+        fed.staleNumber = mTextAreas[lane];
+    if (what & MeterChannel::Clip)
+        fed.staleLamp = place.lamp;
+    if (!std::exchange(mStale, true))
+        MeterPass::instance().add(*this);
 }
 
-/// Repaints from the old end of the bar to the new one, with the rounding of both.
-void MeterView::updateBar(int lane, int levelBefore)
+/// From the old end of the bar to the new one, with the rounding of both.
+QRect MeterView::changedBar(int lane, int levelBefore) const
 {
     const QRect& bar = mLayout.lanes[lane].bar;
     const QRect now = mLayout.filled(lane, mLanes[size_t(lane)].channel.level());
     const QRect old = mLayout.filled(lane, levelBefore);
     if (now == old)
-        return;
+        return {};
     const int cap = MeterSkin::capLength(mShape, mLayout, bar);
     if (mShape.orientation == Qt::Horizontal) {
         const auto [shorter, longer] = std::minmax({now.width(), old.width()});
-        mHost->update(QRect(bar.x() + std::max(0, shorter - cap), bar.y(), longer - std::max(0, shorter - cap), bar.height()));
-        return;
+        const int begin = std::max(0, shorter - cap);
+        return {bar.x() + begin, bar.y(), longer - begin, bar.height()};
     }
     const auto [shorter, longer] = std::minmax({now.height(), old.height()});
-    // In quarters of the bar and the whole width: strips of neighbours that begin and end alike join into few rectangles, and a
-    // window full of ragged ones costs more to add up than a few more pixels to copy.
-    const int cell = std::max(1, bar.height() / 4);
-    const int first = (bar.height() - longer) / cell;
-    const int end = std::min(bar.height(), ((bar.height() - shorter + cap - 1) / cell + 1) * cell);
-    mHost->update(0, bar.y() + first * cell, mHost->width(), end - first * cell);
+    const int begin = bar.height() - longer;
+    return {bar.x(), bar.y() + begin, bar.width(), std::min(bar.height(), bar.height() - shorter + cap) - begin};
+}
+
+QRect MeterView::staleBounds() const
+{
+    QRect bounds;
+    for (const Lane& lane : mLanes)
+        bounds |= lane.staleBar | lane.staleNumber | lane.staleLamp;
+    return bounds;
+}
+
+bool MeterView::canBeCopied() const
+{
+    return mSkin && mHost->isEnabled() && mHost->updatesEnabled() && mHost->isVisible();
+}
+
+bool MeterView::paintStale(const MeterSurface& surface)
+{
+    if (surface.pixelRatio != mSkin->pixelRatio())
+        return false;
+    const MeterMoments now = moments();
+    mStale = false;
+    for (Lane& lane : mLanes)
+        for (QRect* stale : lane.stale())
+            if (const QRect area = std::exchange(*stale, {}); !area.isEmpty())
+                mSkin->paint(surface, area, now);
+    return true;
+}
+
+void MeterView::updateStale()
+{
+    mStale = false;
+    for (Lane& lane : mLanes)
+        for (QRect* stale : lane.stale())
+            mHost->update(std::exchange(*stale, {}));
 }
 
 void MeterView::setWidthRatios(std::array<int, 5> ratios)

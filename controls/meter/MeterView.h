@@ -20,6 +20,7 @@ namespace quillon
 {
 
 class MeterSkin;
+struct MeterSurface;
 
 /// What a meter widget holds: channels, timers, layout and pictures. A lane is one bar, from the left or, of a pair, the measured
 /// one first; a side is one bar or such a pair. GUI thread.
@@ -68,6 +69,16 @@ public:
     const MeterChannel& channel(int lane) const { return mLanes[size_t(lane)].channel; }
     const MeterLayout& layout() const { return mLayout; }
 
+    QWidget& host() const { return *mHost; }
+    /// What has changed since the last painting, in the host's coordinates.
+    QRect staleBounds() const;
+    /// Whether the widget's pixels can be put together from copies; they are made at the first paint event.
+    bool canBeCopied() const;
+    /// False where the copies are of another pixel ratio.
+    bool paintStale(const MeterSurface& surface);
+    /// Has the toolkit paint it.
+    void updateStale();
+
     QTimer& clipTimer(int lane) { return mLanes[size_t(lane)].clip; }
     int decayMs(int side) const { return mDecays[size_t(side)].interval(); }
 
@@ -75,8 +86,13 @@ private:
     struct Lane {
         explicit Lane(const MeterShape& shape);
         MeterChannel channel;
+        bool holding = false; // the timer runs: most feeds need not look at it
         QTimer hold;
         QTimer clip;
+        QRect staleBar;
+        QRect staleNumber;
+        QRect staleLamp;
+        std::array<QRect*, 3> stale() { return {&staleBar, &staleNumber, &staleLamp}; }
     };
 
     void stopDecay(int side);
@@ -84,7 +100,7 @@ private:
     void relayout();
     void resendSize();
     void changed(int lane, unsigned what, int levelBefore);
-    void updateBar(int lane, int levelBefore);
+    QRect changedBar(int lane, int levelBefore) const;
     MeterMoments moments() const;
     void paint(QPaintEvent* event);
     bool clearLamp(const QMouseEvent* event);
@@ -100,6 +116,7 @@ private:
     unsigned mHidden = 0;
     std::deque<Lane> mLanes; // timers do not move
     std::deque<QTimer> mDecays;
+    bool mStale = false;
     unsigned mDecaying = 0; // bits of sides: a feed seldom has a timer to look at
     std::shared_ptr<MeterSkin> mSkin;
     QElapsedTimer mAnnounced;

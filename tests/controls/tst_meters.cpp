@@ -13,6 +13,7 @@
 #include <QAccessibleValueInterface>
 #include <QBackingStore>
 #include <QImage>
+#include <QLabel>
 #include <QTest>
 #include <functional>
 
@@ -141,6 +142,18 @@ private:
         mWindow->show();
         QVERIFY(QTest::qWaitForWindowExposed(mWindow.get()));
         QCoreApplication::processEvents();
+    }
+
+    /// The pixels that the window shows.
+    QImage& shown() const { return dynamic_cast<QImage&>(*mWindow->backingStore()->paintDevice()); }
+    void compareWithFresh(int value) const
+    {
+        const QImage now = shown().convertToFormat(QImage::Format_RGB32);
+        const QImage fresh = mWindow->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < now.height(); ++y)
+            for (int x = 0; x < now.width(); ++x)
+                QVERIFY2(std::abs(qRed(now.pixel(x, y)) - qRed(fresh.pixel(x, y))) <= 2,
+                         qPrintable(u"%1 at %2, %3"_s.arg(value).arg(x).arg(y)));
     }
 
     void feed(int value, int times = 1)
@@ -325,21 +338,33 @@ private slots:
         build();
         feed(-100);
         QCoreApplication::processEvents();
-        PaintCount paints;
-        mMeter->installEventFilter(&paints);
+        const QColor mark(255, 0, 255);
+        const auto painted = [&] { // what is written over the mark in the window
+            QImage& window = shown();
+            window.fill(mark);
+            QCoreApplication::processEvents();
+            QRect area;
+            for (int y = 0; y < window.height(); ++y)
+                for (int x = 0; x < window.width(); ++x)
+                    if (window.pixelColor(x, y) != mark)
+                        area |= QRect(x, y, 1, 1);
+            return area;
+        };
         for (const int value : {-100, 2, 10, std::numeric_limits<int>::max()}) // the same again, and what is no level
             feed(value);
-        QCoreApplication::processEvents();
+        QCOMPARE(painted(), QRect());
         QCOMPARE(channel().level(), -10);
         QVERIFY(!channel().clip());
-        QCOMPARE(paints.count, 0);
         feed(-300); // the number stays on its peak
-        QCoreApplication::processEvents();
-        QCOMPARE(paints.count, 1);
-        const QRect bar = place().bar;
-        const QRect painted = paints.region.boundingRect();
-        QVERIFY(painted.top() >= bar.top() && painted.bottom() <= bar.bottom());
-        QVERIFY(across() ? painted.width() < bar.width() / 2 : painted.height() <= bar.height() / 2);
+        const QRect area = painted().translated(-mMeter->pos());
+        QRect bars; // some feeds are of a pair
+        for (const MeterLane& lane : view().layout().lanes)
+            bars |= lane.bar;
+        QVERIFY(!area.isEmpty() && bars.contains(area));
+        QVERIFY(across() ? area.width() < place().bar.width() / 2 : area.height() <= place().bar.height() / 2);
+        mWindow->hide();
+        feed(0);
+        QCOMPARE(painted(), QRect());
     }
 
     /// After any walk of levels, what the strips left in the window is what a fresh painting gives.
@@ -347,19 +372,69 @@ private slots:
     void stripsLeaveNothingBehind()
     {
         build();
-        auto* window = dynamic_cast<QImage*>(mWindow->backingStore()->paintDevice());
-        QVERIFY(window);
         for (const int value : {-100, -450, -590, -20, 1, -300, -300, -600, -10}) {
             feed(value);
             QCoreApplication::processEvents();
-            const QRect area = mMeter->geometry();
-            const QImage fresh = mWindow->grab().toImage().copy(area).convertToFormat(QImage::Format_RGB32);
-            const QImage shown = window->copy(area).convertToFormat(QImage::Format_RGB32);
-            for (int y = 0; y < area.height(); ++y)
-                for (int x = 0; x < area.width(); ++x)
-                    QVERIFY2(std::abs(qRed(shown.pixel(x, y)) - qRed(fresh.pixel(x, y))) <= 2,
-                             qPrintable(u"%1 at %2, %3"_s.arg(value).arg(x).arg(y)));
+            compareWithFresh(value);
         }
+    }
+
+    /// A meter that is not plainly on top is painted with all that lies over it, and stays within what shows it.
+    void paintsUnderWhatCovers_data()
+    {
+        using Cover = std::function<void(QWidget & field, QWidget & strip, QWidget & meter)>;
+        const auto lay = [](QWidget& parent) {
+            auto* glass = new QLabel(u"over"_s, &parent);
+            glass->setGeometry(0, 50, 200, 60);
+            glass->show();
+        };
+        QTest::addColumn<Cover>("cover");
+        QTest::addColumn<bool>("plain");
+        QTest::newRow("on top") << Cover([](QWidget&, QWidget&, QWidget&) {}) << true;
+        QTest::newRow("scrolled") << Cover([](QWidget&, QWidget& strip, QWidget&) { strip.move(-20, -120); }) << true;
+        QTest::newRow("a neighbour") << Cover([](QWidget&, QWidget&, QWidget& meter) { meter.lower(); }) << true;
+        QTest::newRow("under a sibling") << Cover([=](QWidget&, QWidget& strip, QWidget&) { lay(strip); }) << false;
+        QTest::newRow("under the strip's sibling") << Cover([=](QWidget& field, QWidget&, QWidget&) { lay(field); }) << false;
+        QTest::newRow("under the field's sibling")
+            << Cover([=](QWidget& field, QWidget&, QWidget&) { lay(*field.window()); }) << false;
+        QTest::newRow("disabled") << Cover([](QWidget&, QWidget& strip, QWidget&) { strip.setEnabled(false); }) << false;
+        QTest::newRow("masked") << Cover([](QWidget&, QWidget& strip, QWidget&) { strip.setMask(QRegion(0, 0, 200, 90)); })
+                                << false;
+    }
+    void paintsUnderWhatCovers()
+    {
+        QFETCH(const std::function<void(QWidget&, QWidget&, QWidget&)>, cover);
+        QFETCH(const bool, plain);
+        mWindow = std::make_unique<QWidget>();
+        mWindow->resize(220, 260);
+        QWidget field(mWindow.get());
+        field.setGeometry(20, 20, 150, 200);
+        QWidget strip(&field);
+        strip.setGeometry(0, 0, 140, 300);
+        QWidget neighbour(&strip);
+        neighbour.setGeometry(100, 0, 40, 300);
+        VolumeMeterS1M2 meter(&strip);
+        meter.setGeometry(10, 10, 90, 240);
+        mMeter = &meter;
+        mWindow->show();
+        QVERIFY(QTest::qWaitForWindowExposed(mWindow.get()));
+        cover(field, strip, meter);
+        QCoreApplication::processEvents();
+        PaintCount paints;
+        meter.installEventFilter(&paints);
+        for (const int value : {-100, -450, 1, -300, -20}) {
+            meter.setVolumeMeterLeft(value);
+            meter.setVolumeMeterRight(-600);
+            QCoreApplication::processEvents();
+            QCOMPARE(paints.count == 0, plain);
+            compareWithFresh(value);
+            paints.count = 0; // the picture to compare with counts as well
+        }
+        auto* gone = new VolumeMeterS1M1(mWindow.get());
+        gone->show();
+        gone->setVolumeMeter(-10);
+        delete gone; // with its painting still booked
+        QCoreApplication::processEvents();
     }
 
     void survivesOddSizes()
