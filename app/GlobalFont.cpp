@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QResource>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -57,6 +58,17 @@ QString measurable(const QString& text)
     return text.isNull() ? u""_s : text;
 }
 
+/// A face of the resources is used where it lies: by its name the toolkit would read it twice, megabytes of a Chinese one.
+int addFace(const QString& path)
+{
+    const QResource resource(path);
+    if (!resource.isValid() || resource.compressionAlgorithm() != QResource::NoCompression) {
+        return QFontDatabase::addApplicationFont(path);
+    }
+    const auto* data = reinterpret_cast<const char*>(resource.data());
+    return QFontDatabase::addApplicationFontFromData(QByteArray::fromRawData(data, resource.size()));
+}
+
 } // namespace
 
 GlobalFont& GlobalFont::instance()
@@ -69,7 +81,7 @@ int GlobalFont::addFaces(const QStringList& paths)
 {
     int first = -1;
     for (const QString& path : paths) {
-        const int id = QFontDatabase::addApplicationFont(path);
+        const int id = addFace(path);
         if (id == -1) {
             qWarning("GlobalFont::load // failed to add file[%ls]", qUtf16Printable(path));
         } else if (first == -1) {

@@ -102,7 +102,13 @@ void DeviceConnector::showSeries(const QString& series, const QHash<QString, QPa
         // The loop that could be ended was the fetch's own; this one reaches the program's as soon as that runs.
         QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     } else if (mView->currentPage() == PageNoDevice) {
-        startPolling();
+        // The window is seen before a console is built. One that is not seen (on another desktop) is served by the timer.
+        mTimer.start();
+        afterFirstPicture(*this, [this] {
+            if (mTimer.isActive()) {
+                in_mTimer_timeout();
+            }
+        });
     }
 }
 
