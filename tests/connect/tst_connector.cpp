@@ -35,6 +35,11 @@ struct Rig {
             table.insert(device, {u"0x152A"_s, u"0x875C"_s});
         }
         connector.showSeries(u"Vantor"_s, table);
+        QVERIFY2(!window, "a console is built before the connection window was seen");
+        if (connector.isVisible()) {
+            QVERIFY(QTest::qWaitForWindowExposed(&connector));
+            QCoreApplication::processEvents();
+        }
     }
     // With a device, up to its running console.
     void showConsole()
