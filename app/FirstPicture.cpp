@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <deque>
 #include <utility>
 
 namespace quillon
@@ -15,27 +16,46 @@ namespace
 class ExposeWatch : public QObject
 {
 public:
-    ExposeWatch(QWindow* window, std::function<void()> act) : QObject(window), mAct(std::move(act))
+    /// The one of a window that waits for its picture.
+    static ExposeWatch& of(QWindow& window)
     {
-        window->installEventFilter(this);
+        for (QObject* child : window.children()) {
+            if (auto* watch = dynamic_cast<ExposeWatch*>(child)) {
+                return *watch;
+            }
+        }
+        return *new ExposeWatch(window);
     }
+    void add(std::function<void()> act) { mActs.push_back(std::move(act)); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Expose) {
             watched->removeEventFilter(this);
-            // Behind the painting, which the same event brings.
-            QTimer::singleShot(0, this, [this] {
-                mAct();
-                deleteLater();
-            });
+            actLater(); // behind the painting, which the same event brings
         }
         return false;
     }
 
 private:
-    std::function<void()> mAct;
+    explicit ExposeWatch(QWindow& window) : QObject(&window) { window.installEventFilter(this); }
+
+    void actLater()
+    {
+        QTimer::singleShot(0, this, [this] {
+            const auto act = std::exchange(mActs.front(), {});
+            mActs.pop_front();
+            if (mActs.empty()) {
+                deleteLater();
+            } else {
+                actLater();
+            }
+            act();
+        });
+    }
+
+    std::deque<std::function<void()>> mActs;
 };
 
 } // namespace
@@ -43,7 +63,7 @@ private:
 void afterFirstPicture(const QWidget& window, std::function<void()> act)
 {
     if (QWindow* shown = window.windowHandle(); shown != nullptr && !shown->isExposed()) {
-        new ExposeWatch(shown, std::move(act));
+        ExposeWatch::of(*shown).add(std::move(act));
     } else {
         act();
     }

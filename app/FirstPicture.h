@@ -8,7 +8,8 @@ namespace quillon
 {
 
 /// Calls `act` from the event loop once a window that is being shown has painted its first picture: the place for what a start can
-/// do without. At once for a window that is not shown or has been seen already. Never if the window goes before. GUI thread.
+/// do without. What is asked for first is called first, with a look at other events in between. At once for a window that is not
+/// shown or has been seen already. Never if the window goes before. GUI thread.
 void afterFirstPicture(const QWidget& window, std::function<void()> act);
 
 } // namespace quillon
