@@ -1,6 +1,7 @@
 # The installable package: the program, its desktop entry and icon, and the rule that opens the HID channel to the user.
 include(GNUInstallDirs)
 install(TARGETS quillon RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS quillon_chart LIBRARY DESTINATION $<IF:$<BOOL:${WIN32}>,bin,lib/quillon>)
 install(FILES packaging/quillon.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES resources/icons/app.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME quillon.svg)
 install(FILES packaging/60-r47.rules DESTINATION lib/udev/rules.d)

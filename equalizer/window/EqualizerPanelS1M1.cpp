@@ -3,7 +3,7 @@
 #include "app/GlobalFont.h"
 #include "controls/picker/FlatToolButton.h"
 #include "equalizer/editor/EqualizerControllerS1M1.h"
-#include "equalizer/window/Chart.h"
+#include "equalizer/window/Charts.h"
 
 #include <QFileDialog>
 #include <QPointer>
@@ -81,14 +81,14 @@ QString askWithDialog(const EqualizerTool::FileQuestion& question)
 EqualizerPanelS1M1::EqualizerPanelS1M1(QWidget* parent)
     : QWidget(parent), mTool(std::make_shared<EqualizerTool>(20, 22000, 676, false)), mButtons(new quillon::CurveButtons(this)),
       mToolButton(new quillon::FlatToolButton(this)), mFrameHead(new QWidget(this)),
-      mHead(new quillon::PictureButton(u":/Icon/pullUp.png"_s, u":/Icon/pullDown.png"_s, mFrameHead)), mChart(new Chart(this)),
+      mHead(new quillon::PictureButton(u":/Icon/pullUp.png"_s, u":/Icon/pullDown.png"_s, mFrameHead)), mChart(quillon::makeChart(this)),
       mController(new EqualizerControllerS1M1(this)), mMenu(new quillon::CurveMenu(this))
 {
     mButtons->setObjectName(u"widgetButtons"_s);
     mToolButton->setObjectName(u"widgetToolButton"_s);
     mFrameHead->setObjectName(u"frameButtonHead"_s);
     mHead->setObjectName(u"pushButtonHead"_s);
-    mChart->setObjectName(u"widgetChart"_s);
+    mChart->widget().setObjectName(u"widgetChart"_s);
     mController->setObjectName(u"widgetController"_s);
     mTool->setFileChooser(askWithDialog);
     mChart->setupAxes();
@@ -300,7 +300,7 @@ void EqualizerPanelS1M1::setLanguage(const QString& language)
     mMenu->setChinese(chinese);
     mToolButton->setAccessibleName(kMenuName.in(chinese));
     mHead->setAccessibleName(kHeadName.in(chinese));
-    mChart->setAccessibleName(kChartName.in(chinese));
+    mChart->widget().setAccessibleName(kChartName.in(chinese));
     mController->setLanguage(language);
     mTool->setLanguage(language);
 }
@@ -346,7 +346,7 @@ void EqualizerPanelS1M1::layoutParts()
     mButtons->setGeometry(left, head, middle, buttons);
     const int top = head + buttons;
     const int chartTop = mButtons->isHidden() ? head : top;
-    mChart->setGeometry(left, chartTop, middle, top + chart - chartTop);
+    mChart->widget().setGeometry(left, chartTop, middle, top + chart - chartTop);
     mController->setGeometry(left, top + chart, middle, std::max(0, height() - top - chart));
     const int side = std::min(right, top);
     mToolButton->setGeometry(width() - right + (right - side) / 2, (top + head - side) / 2, side, side);

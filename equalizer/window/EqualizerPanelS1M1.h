@@ -9,7 +9,7 @@
 
 #include <memory>
 
-class Chart;
+class ChartFace;
 class EqualizerControllerS1M1;
 
 namespace quillon
@@ -88,7 +88,7 @@ private:
     quillon::FlatToolButton* mToolButton;
     QWidget* mFrameHead;
     QPushButton* mHead;
-    Chart* mChart;
+    ChartFace* mChart;
     EqualizerControllerS1M1* mController;
     quillon::CurveMenu* mMenu;
 };

@@ -7,7 +7,7 @@
 #include "controls/VolumeMeterS1M5.h"
 #include "equalizer/editor/EqWidgetIem.h"
 #include "equalizer/editor/EqualizerControllerS1M1.h"
-#include "equalizer/window/Chart.h"
+#include "equalizer/window/Charts.h"
 #include "equalizer/window/EqualizerPanelS1M1.h"
 #include "equalizer/window/EqualizerS1M1.h"
 #include "equalizer/window/EqualizerS1M2.h"
@@ -17,6 +17,8 @@
 #include "tests/workspace/StoreFixture.h"
 
 #include <QAccessible>
+#include <QChartView>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -32,6 +34,11 @@ namespace
 constexpr auto kResponse = "fre(Hz),raw(dB)\n20,1\n500,6\n5000,-3\n22000,2\n";
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+struct OwnChart {
+    ChartFace& face = *quillon::makeChart(nullptr);
+    std::unique_ptr<QChartView> view{dynamic_cast<QChartView*>(&face.widget())};
+};
 
 /// A window, and what it says: "EQ_HP Switch=1, ...".
 struct Bench {
@@ -74,7 +81,7 @@ struct Bench {
     QStringList take() { return std::exchange(said, {}); }
     QSplineSeries* series(const QString& name) const
     {
-        for (QAbstractSeries* series : part<Chart>(u"widgetChart"_s)->chart()->series()) {
+        for (QAbstractSeries* series : part<QChartView>(u"widgetChart"_s)->chart()->series()) {
             if (series->name() == name) {
                 return qobject_cast<QSplineSeries*>(series);
             }
@@ -85,7 +92,7 @@ struct Bench {
     {
         settle();
         QStringList names;
-        for (const QAbstractSeries* series : part<Chart>(u"widgetChart"_s)->chart()->series()) {
+        for (const QAbstractSeries* series : part<QChartView>(u"widgetChart"_s)->chart()->series()) {
             names += series->isVisible() ? QStringList{series->name()} : QStringList{};
         }
         names.sort();
@@ -392,56 +399,66 @@ private slots:
     // A change of many curves costs one hand-over each and one paint; hidden ones cost nothing.
     void oneHandOverInAPass()
     {
-        Chart chart;
-        chart.resize(300, 200);
-        chart.setupAxes();
-        chart.addSplineSeries({}, Qt::red, 1, Qt::SolidLine);
+        const OwnChart chart;
+        chart.view->resize(300, 200);
+        chart.face.setupAxes();
+        chart.face.addSplineSeries({}, Qt::red, 1, Qt::SolidLine);
         for (const QString& name : {u"a"_s, u"b"_s, u"a"_s}) {
-            chart.addSplineSeries(name, name == u"a"_s ? Qt::red : Qt::blue, 2, Qt::DashLine);
+            chart.face.addSplineSeries(name, name == u"a"_s ? Qt::red : Qt::blue, 2, Qt::DashLine);
         }
-        QCOMPARE(chart.chart()->series().size(), 2);
-        auto* a = qobject_cast<QSplineSeries*>(chart.chart()->series()[0]);
-        auto* b = qobject_cast<QSplineSeries*>(chart.chart()->series()[1]);
+        QCOMPARE(chart.view->chart()->series().size(), 2);
+        auto* a = qobject_cast<QSplineSeries*>(chart.view->chart()->series()[0]);
+        auto* b = qobject_cast<QSplineSeries*>(chart.view->chart()->series()[1]);
         QVERIFY(a->attachedAxes().size() == 2 && a->pen().style() == Qt::DashLine);
         QSignalSpy handed(a, &QXYSeries::pointsReplaced);
         const auto book = [&](int times) {
             for (int i = 1; i <= times; ++i) {
-                chart.replaceSeries(u"a"_s, {{20, i / 10.0}, {1000, -i / 10.0}, {20000, 5}});
-                chart.replaceSeries(u"b"_s, {{20, -i / 10.0}, {20000, 5}});
-                chart.replaceSeries(u"c"_s, {{20, 1}});
+                chart.face.replaceSeries(u"a"_s, {{20, i / 10.0}, {1000, -i / 10.0}, {20000, 5}});
+                chart.face.replaceSeries(u"b"_s, {{20, -i / 10.0}, {20000, 5}});
+                chart.face.replaceSeries(u"c"_s, {{20, 1}});
             }
         };
         book(3);
         Bench::settle();
         QCOMPARE(handed.size(), 0); // not before it is seen
-        chart.show();
+        chart.view->show();
         Bench::settle();
         QCOMPARE(handed.size(), 1);
         QCOMPARE(a->at(0).y(), 0.3);
         PaintCount paints;
-        chart.viewport()->installEventFilter(&paints);
+        chart.view->viewport()->installEventFilter(&paints);
         book(50);
         QCOMPARE(handed.size(), 1);
         Bench::settle();
         QCOMPARE(handed.size(), 2);
         QCOMPARE(paints.count, 1);
-        chart.setSeriesVisible(u"a"_s, false);
+        chart.face.setSeriesVisible(u"a"_s, false);
         Bench::settle();
         handed.clear();
         book(5);
         Bench::settle();
         QVERIFY(handed.isEmpty() && !a->isVisible() && a->count() == 0 && b->isVisible() && b->count() == 2);
-        QCOMPARE(chart.chart()->series().size(), 2);
+        QCOMPARE(chart.view->chart()->series().size(), 2);
+    }
+
+    void withoutTheModule()
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^makeChart // no module of the chart: .+"_s));
+        QWidget parent;
+        ChartFace* chart = quillon::makeChart(&parent, {u"/nowhere"_s, QDir::tempPath()});
+        QCOMPARE(chart->widget().parentWidget(), &parent);
+        chart->addSplineSeries(u"a"_s, Qt::red, 2, Qt::SolidLine);
+        chart->replaceSeries(u"a"_s, {{100, 1}});
     }
 
     void pointsThatCannotBeDrawn()
     {
-        Chart chart;
-        chart.resize(300, 200);
-        chart.setupAxes();
-        chart.addSplineSeries(u"a"_s, Qt::red, 2, Qt::SolidLine);
-        chart.show();
-        const auto* a = qobject_cast<QSplineSeries*>(chart.chart()->series()[0]);
+        const OwnChart chart;
+        chart.view->resize(300, 200);
+        chart.face.setupAxes();
+        chart.face.addSplineSeries(u"a"_s, Qt::red, 2, Qt::SolidLine);
+        chart.view->show();
+        const auto* a = qobject_cast<QSplineSeries*>(chart.view->chart()->series()[0]);
         const std::pair<QList<QPointF>, qsizetype> rows[]{
             {{}, 0},
             {{{100, 1}}, 1},
@@ -451,9 +468,9 @@ private slots:
             {{{200, 1}, {200, 2}, {100, 3}}, 3},
         };
         for (const auto& [points, drawn] : rows) {
-            chart.replaceSeries(u"a"_s, points);
+            chart.face.replaceSeries(u"a"_s, points);
             Bench::settle();
-            QVERIFY(!chart.grab().isNull());
+            QVERIFY(!chart.view->grab().isNull());
             QCOMPARE(a->count(), drawn);
         }
     }
@@ -517,7 +534,7 @@ private slots:
         bench.window->hide();
         QSignalSpy handed(bench.series(u"Combined"_s), &QXYSeries::pointsReplaced);
         PaintCount paints;
-        bench.part<Chart>(u"widgetChart"_s)->viewport()->installEventFilter(&paints);
+        bench.part<QChartView>(u"widgetChart"_s)->viewport()->installEventFilter(&paints);
         const QRect before = bench.part(u"widgetChart"_s)->geometry();
         bench.window->setScaleFactor(1.5);
         bench.window->setGainInputLeft(-9);

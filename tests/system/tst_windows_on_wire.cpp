@@ -3,10 +3,10 @@
 
 #include "WindowHands.h"
 
-#include "equalizer/window/Chart.h"
 #include "equalizer/window/CurveButtons.h"
 #include "equalizer/window/EqualizerBase.h"
 
+#include <QChartView>
 #include <QSplineSeries>
 
 using namespace Qt::StringLiterals;
@@ -371,7 +371,7 @@ void tst_windows_on_wire::theWorkspaceKeepsTheHeadphones()
             QCOMPARE(int(button->isChecked()), fresh[view] ^ int(row.bands == 10));
         }
     }
-    const QList<QAbstractSeries*> curves = bench.equalizer("EQ_HP")->findChild<Chart*>()->chart()->series();
+    const QList<QAbstractSeries*> curves = bench.equalizer("EQ_HP")->findChild<QChartView*>()->chart()->series();
     const auto target = std::ranges::find(curves, "Target", &QAbstractSeries::name);
     QVERIFY(target != curves.end() && (*target)->isVisible());
     QTRY_VERIFY(qobject_cast<QSplineSeries*>(*target)->count() > 100);

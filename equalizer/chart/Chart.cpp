@@ -1,4 +1,4 @@
-#include "equalizer/window/Chart.h"
+#include "equalizer/chart/Chart.h"
 
 #include <QGraphicsLayout>
 #include <QLegend>
