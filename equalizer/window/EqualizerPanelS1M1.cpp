@@ -81,8 +81,8 @@ QString askWithDialog(const EqualizerTool::FileQuestion& question)
 EqualizerPanelS1M1::EqualizerPanelS1M1(QWidget* parent)
     : QWidget(parent), mTool(std::make_shared<EqualizerTool>(20, 22000, 676, false)), mButtons(new quillon::CurveButtons(this)),
       mToolButton(new quillon::FlatToolButton(this)), mFrameHead(new QWidget(this)),
-      mHead(new quillon::PictureButton(u":/Icon/pullUp.png"_s, u":/Icon/pullDown.png"_s, mFrameHead)), mChart(quillon::makeChart(this)),
-      mController(new EqualizerControllerS1M1(this)), mMenu(new quillon::CurveMenu(this))
+      mHead(new quillon::PictureButton(u":/Icon/pullUp.png"_s, u":/Icon/pullDown.png"_s, mFrameHead)),
+      mChart(quillon::makeChart(this)), mController(new EqualizerControllerS1M1(this)), mMenu(new quillon::CurveMenu(this))
 {
     mButtons->setObjectName(u"widgetButtons"_s);
     mToolButton->setObjectName(u"widgetToolButton"_s);
