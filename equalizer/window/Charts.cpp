@@ -41,7 +41,9 @@ ChartFace* makeChart(QWidget* parent, const QStringList& folders)
         if (auto* factory = qobject_cast<ChartFactory*>(module.instance())) {
             return factory->make(parent);
         }
-        reason = module.errorString();
+        if (reason.isEmpty() || !module.fileName().isEmpty()) { // one that is there and does not fit says more than one that is not
+            reason = module.errorString();
+        }
     }
     qWarning().noquote() << "makeChart // no module of the chart:" << reason;
     return new NoChart(parent);

@@ -1,5 +1,6 @@
 #include "Fakes.h"
 #include "app/AppSettingsSubject.h"
+#include "app/FirstPicture.h"
 #include "connect/DeviceConnector.h"
 #include "connect/DeviceConnectorViewBase.h"
 #include "resources/Resources.h"
@@ -37,8 +38,9 @@ struct Rig {
         connector.showSeries(u"Vantor"_s, table);
         QVERIFY2(!window, "a console is built before the connection window was seen");
         if (connector.isVisible()) {
-            QVERIFY(QTest::qWaitForWindowExposed(&connector));
-            QCoreApplication::processEvents();
+            bool seen = false;
+            afterFirstPicture(connector, [&seen] { seen = true; }); // behind what the window asked for
+            QTRY_VERIFY(seen);
         }
     }
     // With a device, up to its running console.

@@ -13,13 +13,20 @@ namespace
 
 constexpr const char* kConf = "[CLSID]\n{E97E1508-2A66-4DF8-B7A7-32D6E5FCBA46}\\InprocServer32=" R47DRIVER "\n";
 
-/// The program finds its workspaces beside itself: a second name for its file gives it a folder of its own.
-void putProgram(const QString& path)
+/// A second name for a file, or a copy where there can be none.
+void putFile(const char* from, const QString& path)
 {
     std::error_code error;
-    std::filesystem::create_hard_link(QUILLON, path.toStdString(), error);
+    std::filesystem::create_hard_link(from, path.toStdString(), error);
     if (error)
-        QVERIFY(QFile::copy(QUILLON, path));
+        QVERIFY(QFile::copy(from, path));
+}
+
+/// The program finds its workspaces beside itself, and its module: with other names for both it has a folder of its own.
+void putProgram(const QString& path)
+{
+    putFile(QUILLON, path);
+    putFile(CHART_MODULE, QFileInfo(path).dir().filePath("chart.so"));
 }
 
 void write(const QString& path, const char* text)
