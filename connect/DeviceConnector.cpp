@@ -102,12 +102,15 @@ void DeviceConnector::showSeries(const QString& series, const QHash<QString, QPa
         // The loop that could be ended was the fetch's own; this one reaches the program's as soon as that runs.
         QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     } else if (mView->currentPage() == PageNoDevice) {
-        // The window is seen before a console is built. One that is not seen (on another desktop) is served by the timer.
+        // The window is seen before a console is built. One that is not seen (on another desktop) is served by the timer. And the
+        // rest of the start comes first: it holds the loop up for a while, in which the answer to a hello would wait.
         mTimer.start();
         afterFirstPicture(*this, [this] {
-            if (mTimer.isActive()) {
-                in_mTimer_timeout();
-            }
+            QTimer::singleShot(0, this, [this] {
+                if (mTimer.isActive()) {
+                    in_mTimer_timeout();
+                }
+            });
         });
     }
 }

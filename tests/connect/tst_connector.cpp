@@ -41,6 +41,7 @@ struct Rig {
             bool seen = false;
             afterFirstPicture(connector, [&seen] { seen = true; }); // behind what the window asked for
             QTRY_VERIFY(seen);
+            QCoreApplication::processEvents();
         }
     }
     // With a device, up to its running console.
