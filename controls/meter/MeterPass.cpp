@@ -160,7 +160,8 @@ void MeterPass::paintPixels(QWidget& window, QBackingStore& store)
     QRegion shown;
     for (const QRect& row : mRows)
         shown += row;
-    store.flush(shown, window.windowHandle());
+    if (!shown.isEmpty()) // a level may change without a pixel of its bar
+        store.flush(shown, window.windowHandle());
 }
 
 } // namespace quillon
