@@ -9,6 +9,7 @@
 
 #include <QPainter>
 #include <QRandomGenerator>
+#include <array>
 
 namespace bench
 {
@@ -104,6 +105,22 @@ private:
     int mLevel = -300;
 };
 
+/// What all meters are fed at one tick.
+using Levels = std::array<short, kMeters>;
+
+std::vector<Levels> walkLevels()
+{
+    constexpr int kTicks = 1000;
+    std::vector<Levels> ticks(kTicks);
+    for (int i = 0; i < kMeters; ++i) {
+        Walk walk{quint32(i + 1)};
+        for (Levels& levels : ticks) {
+            levels[std::size_t(i)] = short(walk.next());
+        }
+    }
+    return ticks;
+}
+
 } // namespace
 
 QJsonObject runMeters(const QStringList& arguments)
@@ -113,18 +130,17 @@ QJsonObject runMeters(const QStringList& arguments)
     QWidget window;
     window.resize(kColumns * kSize.width(), kMeters / kColumns * kSize.height());
     std::vector<Feed> feeds;
-    std::vector<Walk> walks;
     for (int i = 0; i < kMeters && kind != "empty"; ++i) {
         feeds.push_back(makeMeter(kind, i, window));
-        walks.emplace_back(quint32(i + 1));
     }
+    const std::vector<Levels> levels = walkLevels(); // made before, since a generator is larger than what a meter touches
     window.show();
     int ticks = 0;
     QTimer timer;
     timer.setTimerType(Qt::PreciseTimer);
     const auto feedAll = [&] {
         for (std::size_t i = 0; i < feeds.size(); ++i) {
-            feeds[i](walks[i].next());
+            feeds[i](levels[std::size_t(ticks) % levels.size()][i]);
         }
         ++ticks;
     };

@@ -3,6 +3,7 @@
 #include "controls/meter/MeterSkin.h"
 #include "controls/meter/MeterView.h"
 
+#include <QAbstractEventDispatcher>
 #include <QBackingStore>
 #include <QCoreApplication>
 #include <QEvent>
@@ -78,11 +79,32 @@ MeterPass& MeterPass::instance()
     return pass;
 }
 
+/// A posted event would cost a second round of the event loop, and the call that sends the toolkit's from within it a third.
+MeterPass::MeterPass()
+{
+    const auto* dispatcher = QAbstractEventDispatcher::instance();
+    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &MeterPass::paint);
+    connect(dispatcher, &QAbstractEventDispatcher::awake, this, &MeterPass::paint); // of a round that does not wait
+}
+
 void MeterPass::add(MeterView& meter)
 {
-    if (mWaiting.empty())
-        QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
     mWaiting.push_back(&meter);
+}
+
+void MeterPass::hasten()
+{
+    if (!std::exchange(mHastened, true))
+        QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
+}
+
+bool MeterPass::event(QEvent* event)
+{
+    if (event->type() != QEvent::UpdateRequest)
+        return QObject::event(event);
+    mHastened = false;
+    paint();
+    return true;
 }
 
 void MeterPass::remove(MeterView& meter)
@@ -90,15 +112,12 @@ void MeterPass::remove(MeterView& meter)
     std::ranges::replace(mWaiting, &meter, nullptr);
 }
 
-bool MeterPass::event(QEvent* event)
+void MeterPass::paint()
 {
-    if (event->type() != QEvent::UpdateRequest)
-        return QObject::event(event);
     for (size_t i = 0; i < mWaiting.size(); ++i)
         if (mWaiting[i]) // of a window that was not yet visited
             paintWindow(*mWaiting[i]->host().window());
     mWaiting.clear();
-    return true;
 }
 
 void MeterPass::paintWindow(QWidget& window)
@@ -124,14 +143,16 @@ void MeterPass::paintWindow(QWidget& window)
             visit.meter->updateStale();
 }
 
-/// One rectangle for all that stand in a row: a few pixels more to copy, instead of many ragged pieces to add up.
-void MeterPass::addToRows(const QRect& area)
+/// One rectangle for all that stand in a row: a few pixels more to copy, instead of many ragged pieces to add up. Rows that an area
+/// touches become one.
+void MeterPass::addToRows(QRect area)
 {
-    for (QRect& row : mRows)
-        if (row.top() <= area.bottom() && area.top() <= row.bottom()) {
-            row |= area;
-            return;
-        }
+    std::erase_if(mRows, [&area](const QRect& row) {
+        const bool touches = row.top() <= area.bottom() && area.top() <= row.bottom();
+        if (touches)
+            area |= row;
+        return touches;
+    });
     mRows.push_back(area);
 }
 
@@ -148,14 +169,10 @@ void MeterPass::paintPixels(QWidget& window, QBackingStore& store)
     // X11 reads from the picture while we write into it, and the toolkit waits for that with a round trip, unless it is told of
     // nothing. A copy may then show a meter half old, half new; the copy that belongs to the new half follows at once.
     store.beginPaint(written);
-    auto& image = static_cast<QImage&>(*store.paintDevice());
-    for (const auto& [meter, place] : mVisits) {
-        auto surface = MeterSurface::of(image, place.origin);
-        if (surface)
-            surface->bounds &= place.seen.translated(-place.origin);
-        if (!surface || !meter->paintStale(*surface))
+    const auto surface = MeterSurface::of(static_cast<QImage&>(*store.paintDevice()), {});
+    for (const auto& [meter, place] : mVisits)
+        if (!surface || !meter->paintStale(surface->at(place.origin, place.seen)))
             meter->updateStale();
-    }
     store.endPaint();
     QRegion shown;
     for (const QRect& row : mRows)

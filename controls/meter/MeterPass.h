@@ -27,6 +27,9 @@ public:
 
     /// Has the stale parts of a meter painted before the event loop sleeps again.
     void add(MeterView& meter);
+    /// For a meter that changes again while it waits: the loop may be one of the window system's own, as while a window is being
+    /// dragged on Windows, which takes events but tells nobody when it sleeps.
+    void hasten();
     /// For one that is destroyed.
     void remove(MeterView& meter);
 
@@ -43,13 +46,15 @@ private:
         Place place;
     };
 
-    MeterPass() = default;
+    MeterPass();
 
+    void paint();
     static Place placeOf(const QWidget& meter);
     void paintWindow(QWidget& window);
     void paintPixels(QWidget& window, QBackingStore& store);
-    void addToRows(const QRect& area);
+    void addToRows(QRect area);
 
+    bool mHastened = false;
     std::vector<MeterView*> mWaiting; // null: removed, or visited
     std::vector<Visit> mVisits;       // of one window; a member for its memory's sake, as the next
     std::vector<QRect> mRows;

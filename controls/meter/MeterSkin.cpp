@@ -43,6 +43,17 @@ std::optional<MeterSurface> MeterSurface::of(QImage& image, QPoint widgetOrigin)
     return MeterSurface{bits, stride, QRect(-widgetOrigin, image.size() / ratio), ratio};
 }
 
+MeterSurface MeterSurface::at(QPoint origin, const QRect& seen) const
+{
+    return {bits + origin.y() * pixelRatio * stride + qsizetype(origin.x()) * pixelRatio * kPixelBytes, stride,
+            (bounds & seen).translated(-origin), pixelRatio};
+}
+
+MeterSkin::Picture::Picture(QImage finished)
+    : image(std::move(finished)), bits(std::as_const(image).constBits()), stride(image.bytesPerLine())
+{
+}
+
 std::shared_ptr<MeterSkin> MeterSkin::shared(const MeterScene& scene, const MeterLayout& layout, int pixelRatio)
 {
     static std::vector<std::weak_ptr<MeterSkin>> skins;
@@ -56,7 +67,7 @@ std::shared_ptr<MeterSkin> MeterSkin::shared(const MeterScene& scene, const Mete
 }
 
 MeterSkin::MeterSkin(const MeterScene& scene, const MeterLayout& layout, int pixelRatio)
-    : mScene(scene), mLayout(layout), mPixelRatio(pixelRatio), mDark(blank(scene.size)), mLit(blank(scene.size))
+    : mScene(scene), mLayout(layout), mPixelRatio(pixelRatio)
 {
     MeterScene bare = scene; // the numbers come apart
     MeterShape noText = *scene.shape;
@@ -68,13 +79,29 @@ MeterSkin::MeterSkin(const MeterScene& scene, const MeterLayout& layout, int pix
     for (const MeterLane& lane : layout.lanes) {
         floor.append({layout.floorDb, layout.floorDb, false});
         top.append({0, 0, true});
-        mLanes.push_back({meterTextArea(scene, lane), capLength(*scene.shape, layout, lane.bar), std::vector<QImage>(levels),
-                          std::vector<QImage>(levels)});
+        mLanes.push_back({.textArea = meterTextArea(scene, lane),
+                          .capLength = capLength(*scene.shape, layout, lane.bar),
+                          .caps = std::vector<Picture>(levels),
+                          .texts = std::vector<Picture>(levels)});
     }
-    QPainter dark(&mDark);
-    paintMeter(dark, bare, layout, floor);
-    QPainter lit(&mLit);
-    paintMeter(lit, bare, layout, top);
+    for (qsizetype i = 0; i < layout.lanes.size(); ++i)
+        for (qsizetype k = 0; k < layout.lanes.size(); ++k) {
+            const QRect& text = mLanes[size_t(i)].textArea;
+            const MeterLane& other = layout.lanes[k];
+            if (text.intersects(other.lamp) || (k != i && text.intersects(mLanes[size_t(k)].textArea)))
+                mLanes[size_t(i)].textAlone = false;
+            if (text.intersects(other.bar))
+                mLanes[size_t(i)].textAlone = mLanes[size_t(k)].barAlone = false;
+        }
+    const auto painted = [&](const MeterMoments& moments) {
+        QImage image = blank(scene.size);
+        QPainter painter(&image);
+        paintMeter(painter, bare, layout, moments);
+        painter.end();
+        return Picture(std::move(image));
+    };
+    mDark = painted(floor);
+    mLit = painted(top);
 }
 
 int MeterSkin::capLength(const MeterShape& shape, const MeterLayout& layout, const QRect& bar)
@@ -92,16 +119,20 @@ QImage MeterSkin::blank(QSize size) const
     return image;
 }
 
-void MeterSkin::copy(const MeterSurface& surface, const QRect& area, const QImage& picture, QPoint origin) const
+QImage MeterSkin::darkPart(const QRect& area) const
 {
-    if (area.isEmpty() || picture.isNull())
+    return mDark.image.copy(QRect(area.topLeft() * mPixelRatio, area.size() * mPixelRatio));
+}
+
+void MeterSkin::copy(const MeterSurface& surface, const QRect& area, const Picture& picture, QPoint origin) const
+{
+    if (area.isEmpty() || !picture.bits)
         return;
     const qsizetype bytes = qsizetype(area.width()) * mPixelRatio * kPixelBytes;
     const qsizetype pixel = qsizetype(mPixelRatio) * kPixelBytes;
-    const qsizetype stride = picture.bytesPerLine();
-    const uchar* from = picture.constBits() + (area.y() - origin.y()) * mPixelRatio * stride + (area.x() - origin.x()) * pixel;
+    const uchar* from = picture.bits + (area.y() - origin.y()) * mPixelRatio * picture.stride + (area.x() - origin.x()) * pixel;
     uchar* to = surface.bits + area.y() * mPixelRatio * surface.stride + area.x() * pixel;
-    for (int row = area.height() * mPixelRatio; row > 0; --row, from += stride, to += surface.stride)
+    for (int row = area.height() * mPixelRatio; row > 0; --row, from += picture.stride, to += surface.stride)
         std::memcpy(to, from, size_t(bytes));
 }
 
@@ -114,34 +145,38 @@ QRect MeterSkin::capArea(qsizetype lane, const QRect& filled) const
     return {QPoint(filled.x() + filled.width() - width, filled.y()), QSize(width, filled.height())};
 }
 
-const QImage& MeterSkin::cap(qsizetype lane, int levelDb)
+const MeterSkin::Picture& MeterSkin::cap(qsizetype lane, int levelDb)
 {
-    QImage& image = mLanes[size_t(lane)].caps[size_t(-levelDb)];
-    if (image.isNull()) {
+    Picture& picture = mLanes[size_t(lane)].caps[size_t(-levelDb)];
+    if (!picture.bits) {
         const QRect area = capArea(lane, mLayout.filled(lane, levelDb));
-        image = mDark.copy(QRect(area.topLeft() * mPixelRatio, area.size() * mPixelRatio));
+        QImage image = darkPart(area);
         QPainter painter(&image);
         painter.translate(-area.topLeft());
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
         paintMeterBar(painter, mScene, mLayout, lane, levelDb);
         paintMeterScale(painter, mScene, mLayout); // a label wider than its column lies over the bar
+        painter.end();
+        picture = Picture(std::move(image));
     }
-    return image;
+    return picture;
 }
 
-const QImage& MeterSkin::text(qsizetype lane, int holdDb)
+const MeterSkin::Picture& MeterSkin::text(qsizetype lane, int holdDb)
 {
-    QImage& image = mLanes[size_t(lane)].texts[size_t(-holdDb)];
-    if (image.isNull()) {
+    Picture& picture = mLanes[size_t(lane)].texts[size_t(-holdDb)];
+    if (!picture.bits) {
         const QRect area = mLanes[size_t(lane)].textArea;
-        image = mDark.copy(QRect(area.topLeft() * mPixelRatio, area.size() * mPixelRatio));
+        QImage image = darkPart(area);
         QPainter painter(&image);
         painter.translate(-area.topLeft());
         painter.setRenderHint(QPainter::TextAntialiasing);
         painter.setFont(mScene.font);
         paintMeterText(painter, mScene, mLayout.lanes[lane], holdDb);
+        painter.end();
+        picture = Picture(std::move(image));
     }
-    return image;
+    return picture;
 }
 
 void MeterSkin::copyBar(const MeterSurface& surface, const QRect& area, qsizetype lane, int levelDb)
@@ -157,9 +192,33 @@ void MeterSkin::copyBar(const MeterSurface& surface, const QRect& area, qsizetyp
     copy(surface, area & body, mLit, {});
 }
 
+bool MeterSkin::paintPart(const MeterSurface& surface, const QRect& area, const MeterMoments& moments)
+{
+    for (qsizetype i = 0; i < mLayout.lanes.size(); ++i) {
+        const Lane& lane = mLanes[size_t(i)];
+        if (!mLayout.lanes[i].shown)
+            continue;
+        if (const QRect& bar = mLayout.lanes[i].bar; lane.barAlone && bar.contains(area)) {
+            const QRect filled = mLayout.filled(i, moments[i].level);
+            const QRect dark = mLayout.orientation == Qt::Vertical ? bar.adjusted(0, 0, 0, -filled.height())
+                                                                   : bar.adjusted(filled.width(), 0, 0, 0);
+            copy(surface, area & dark, mDark, {});
+            copyBar(surface, area, i, moments[i].level);
+            return true;
+        }
+        if (lane.textAlone && lane.textArea.contains(area)) {
+            copy(surface, area, text(i, moments[i].hold), lane.textArea.topLeft());
+            return true;
+        }
+    }
+    return false;
+}
+
 void MeterSkin::paint(const MeterSurface& surface, QRect area, const MeterMoments& moments)
 {
     area &= surface.bounds & QRect(QPoint(), mScene.size);
+    if (area.isEmpty() || paintPart(surface, area, moments))
+        return;
     copy(surface, area, mDark, {});
     for (qsizetype i = 0; i < mLayout.lanes.size(); ++i) {
         const MeterLane& lane = mLayout.lanes[i];

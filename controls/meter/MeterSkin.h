@@ -23,6 +23,8 @@ struct MeterSurface {
     /// the scale is not a whole number.
     static std::optional<MeterSurface> of(const QWidget& widget);
     static std::optional<MeterSurface> of(QImage& image, QPoint widgetOrigin);
+    /// The same pixels for a widget at origin in this one, of which no more than seen is to be written; seen as bounds are.
+    MeterSurface at(QPoint origin, const QRect& seen) const;
 };
 
 /// The pictures from which a meter is put together, so that a new level costs a few runs of bytes instead of rounded, shaded and
@@ -45,28 +47,43 @@ public:
     static int capLength(const MeterShape& shape, const MeterLayout& layout, const QRect& bar);
 
 private:
+    /// With the place of its pixels, which is asked for some thousand times a second.
+    struct Picture {
+        QImage image;
+        const uchar* bits = nullptr;
+        qsizetype stride = 0;
+
+        Picture() = default;
+        explicit Picture(QImage finished);
+    };
+    struct Lane {
+        QRect textArea;
+        int capLength;
+        bool textAlone = true;      // no other part lies in its area
+        bool barAlone = true;       // the same of the bar
+        std::vector<Picture> caps;  // by level, made when first shown
+        std::vector<Picture> texts; // by number, made when first shown
+    };
+
     MeterSkin(const MeterScene& scene, const MeterLayout& layout, int pixelRatio);
 
     QImage blank(QSize size) const;
+    QImage darkPart(const QRect& area) const;
     /// The part of a picture that has its top left corner at origin.
-    void copy(const MeterSurface& surface, const QRect& area, const QImage& picture, QPoint origin) const;
+    void copy(const MeterSurface& surface, const QRect& area, const Picture& picture, QPoint origin) const;
     void copyBar(const MeterSurface& surface, const QRect& area, qsizetype lane, int levelDb);
+    /// True for an area that is all of a part that nothing else lies in: the most of what changes. It is painted then.
+    bool paintPart(const MeterSurface& surface, const QRect& area, const MeterMoments& moments);
     /// The end of a filled bar, with its own corners.
     QRect capArea(qsizetype lane, const QRect& filled) const;
-    const QImage& cap(qsizetype lane, int levelDb);
-    const QImage& text(qsizetype lane, int holdDb);
+    const Picture& cap(qsizetype lane, int levelDb);
+    const Picture& text(qsizetype lane, int holdDb);
 
     MeterScene mScene;
     MeterLayout mLayout;
     int mPixelRatio;
-    QImage mDark; // levels at the floor, lamps off, no numbers
-    QImage mLit;  // levels at the top, lamps lit
-    struct Lane {
-        QRect textArea;
-        int capLength;
-        std::vector<QImage> caps;  // by level, made when first shown
-        std::vector<QImage> texts; // by number, made when first shown
-    };
+    Picture mDark; // levels at the floor, lamps off, no numbers
+    Picture mLit;  // levels at the top, lamps lit
     std::vector<Lane> mLanes;
 };
 

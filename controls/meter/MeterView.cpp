@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace quillon
 {
 
-MeterView::Lane::Lane(const MeterShape& shape) : channel(shape.floorDb, shape.holdFollows)
+MeterView::Timers::Timers()
 {
     hold.setSingleShot(true);
     clip.setSingleShot(true);
@@ -27,7 +27,8 @@ MeterView::MeterView(QWidget* host, const MeterShape& shape)
     : mHost(host), mShape(shape), mRatios(shape.ratios), mFont(GlobalFont::instance().font())
 {
     for (int lane = 0; lane < shape.lanes(); ++lane) {
-        mLanes.emplace_back(shape);
+        mLanes.push_back({.channel = MeterChannel(shape.floorDb, shape.holdFollows)});
+        mTimers.emplace_back();
         if (lane % shape.lanesPerSide == 0)
             mDecays.emplace_back().setInterval(MeterChannel::kDecayMs);
     }
@@ -78,9 +79,9 @@ void MeterView::take(int lane, MeterReading reading)
     const int before = fed.channel.level();
     const auto result = fed.channel.feed(reading, fed.holding);
     if (result.startClip)
-        fed.clip.start(MeterChannel::kClipMs);
+        mTimers[size_t(lane)].clip.start(MeterChannel::kClipMs);
     if (result.startHold && mShape.textRow) {
-        fed.hold.start(MeterChannel::kHoldMs);
+        mTimers[size_t(lane)].hold.start(MeterChannel::kHoldMs);
         fed.holding = true;
     }
     changed(lane, result.changed, before);
@@ -121,10 +122,13 @@ void MeterView::changed(int lane, unsigned what, int levelBefore)
     const MeterLane& place = mLayout.lanes[lane];
     if (!place.shown || !mHost->isVisible())
         return;
-    if (what & MeterChannel::Level)
+    if (what & MeterChannel::Level) {
+        if (!fed.staleBar.isEmpty())
+            MeterPass::instance().hasten();
         fed.staleBar |= changedBar(lane, levelBefore);
+    }
     if (what & MeterChannel::Hold)
-        fed.staleNumber = mTextAreas[lane];
+        fed.staleNumber = fed.textArea;
     if (what & MeterChannel::Clip)
         fed.staleLamp = place.lamp;
     if (!std::exchange(mStale, true))
@@ -139,7 +143,7 @@ QRect MeterView::changedBar(int lane, int levelBefore) const
     const QRect old = mLayout.filled(lane, levelBefore);
     if (now == old)
         return {};
-    const int cap = MeterSkin::capLength(mShape, mLayout, bar);
+    const int cap = mLanes[size_t(lane)].capLength;
     if (mShape.orientation == Qt::Horizontal) {
         const auto [shorter, longer] = std::minmax({now.width(), old.width()});
         const int begin = std::max(0, shorter - cap);
@@ -220,9 +224,11 @@ void MeterView::relayout()
     mLayout = layoutMeter(mHost->size(), mShape, mRatios, mHidden);
     mScene = {&mShape, mRatios, mHost->size(), meterFont(mFont, mShape, mLayout), mHidden};
     mSkin.reset();
-    mTextAreas.clear();
-    for (const MeterLane& lane : std::as_const(mLayout.lanes))
-        mTextAreas.append(meterTextArea(mScene, lane));
+    for (size_t i = 0; i < mLanes.size(); ++i) {
+        const MeterLane& place = mLayout.lanes[qsizetype(i)];
+        mLanes[i].capLength = MeterSkin::capLength(mShape, mLayout, place.bar);
+        mLanes[i].textArea = meterTextArea(mScene, place);
+    }
     mHost->update();
 }
 

@@ -10,6 +10,7 @@
 #include <deque>
 #include <initializer_list>
 #include <memory>
+#include <vector>
 
 class QEvent;
 class QMouseEvent;
@@ -79,20 +80,24 @@ public:
     /// Has the toolkit paint it.
     void updateStale();
 
-    QTimer& clipTimer(int lane) { return mLanes[size_t(lane)].clip; }
+    QTimer& clipTimer(int lane) { return mTimers[size_t(lane)].clip; }
     int decayMs(int side) const { return mDecays[size_t(side)].interval(); }
 
 private:
     struct Lane {
-        explicit Lane(const MeterShape& shape);
         MeterChannel channel;
         bool holding = false; // the timer runs: most feeds need not look at it
+        int capLength = 0;
+        QRect textArea{};
+        QRect staleBar{};
+        QRect staleNumber{};
+        QRect staleLamp{};
+        std::array<QRect*, 3> stale() { return {&staleBar, &staleNumber, &staleLamp}; }
+    };
+    struct Timers {
+        Timers();
         QTimer hold;
         QTimer clip;
-        QRect staleBar;
-        QRect staleNumber;
-        QRect staleLamp;
-        std::array<QRect*, 3> stale() { return {&staleBar, &staleNumber, &staleLamp}; }
     };
 
     void stopDecay(int side);
@@ -106,20 +111,22 @@ private:
     bool clearLamp(const QMouseEvent* event);
     void announce();
 
+    // What a feed touches stands together.
     QWidget* mHost;
     const MeterShape& mShape;
-    MeterRatios mRatios;
-    MeterLayout mLayout;
-    MeterScene mScene;
-    QVarLengthArray<QRect, 4> mTextAreas;
-    QFont mFont;
-    unsigned mHidden = 0;
-    std::deque<Lane> mLanes; // timers do not move
-    std::deque<QTimer> mDecays;
     bool mStale = false;
     unsigned mDecaying = 0; // bits of sides: a feed seldom has a timer to look at
+    std::vector<Lane> mLanes;
+    MeterLayout mLayout;
     std::shared_ptr<MeterSkin> mSkin;
+
+    std::deque<Timers> mTimers; // of the lanes; timers do not move
+    std::deque<QTimer> mDecays;
     QElapsedTimer mAnnounced;
+    MeterRatios mRatios;
+    MeterScene mScene;
+    QFont mFont;
+    unsigned mHidden = 0;
 };
 
 template<class Host>
@@ -129,10 +136,10 @@ void MeterView::connectTimers(Host* host, std::initializer_list<void (Host::*)()
     const auto join = [host](QTimer& timer, void (Host::*slot)()) { QObject::connect(&timer, &QTimer::timeout, host, slot); };
     size_t index = 0;
     for (const auto slot : holdEnds)
-        join(mLanes[index++].hold, slot);
+        join(mTimers[index++].hold, slot);
     index = 0;
     for (const auto slot : clipEnds)
-        join(mLanes[index++].clip, slot);
+        join(mTimers[index++].clip, slot);
     index = 0;
     for (const auto slot : decays)
         join(mDecays[index++], slot);

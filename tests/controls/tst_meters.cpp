@@ -377,6 +377,9 @@ private slots:
             QCoreApplication::processEvents();
             compareWithFresh(value);
         }
+        feed(-500, 2);
+        QCoreApplication::sendPostedEvents(); // all that a loop of the window system's own may do for long
+        compareWithFresh(-500);
     }
 
     /// A meter that is not plainly on top is painted with all that lies over it, and stays within what shows it.
