@@ -47,6 +47,11 @@ void DeviceBase::enqueueRaw(QByteArray bytes)
     mSender->enqueue(std::move(bytes));
 }
 
+void DeviceBase::expectFlood(bool expected)
+{
+    mSender->expectFlood(expected);
+}
+
 void DeviceBase::run()
 {
     while (!mStopRequested.load()) {

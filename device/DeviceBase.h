@@ -29,6 +29,8 @@ public:
     void stopDevice();
     /// Queues one output report. Never waits for the device.
     void enqueueRaw(QByteArray bytes);
+    /// Whether a flood of reports follows, as when a workspace is loaded: the writer makes itself ready for it.
+    void expectFlood(bool expected);
 
 signals:
     /// The connection is lost. Once per run, from the reader thread.

@@ -65,6 +65,9 @@ void DeviceR47::in_fieldOutput_attributeChanged(QString objectName, QString attr
 
 void DeviceR47::in_Others_attributeChanged(QString objectName, QString attribute, QString value)
 {
+    if (objectName == u"Workspace" && attribute == u"LoadSettings") {
+        expectFlood(value == u"1");
+    }
     sendParameter(Family::Others, objectName, attribute, value);
 }
 

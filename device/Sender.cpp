@@ -19,6 +19,8 @@ constexpr qint64 kDrainMs = 5000;
 // the writer looks out for the next report, but only within a burst: a single change finds a writer that sleeps soonest awake.
 constexpr auto kBurst = std::chrono::microseconds(200);
 constexpr auto kLinger = std::chrono::microseconds(30);
+// A file is read before the first value of a flood comes.
+constexpr auto kFloodLinger = std::chrono::milliseconds(5);
 
 } // namespace
 
@@ -61,6 +63,17 @@ void Sender::enqueue(QByteArray bytes)
     mCondition.notify_one();
 }
 
+void Sender::expectFlood(bool expected)
+{
+    if (!expected) {
+        if (mFlood.exchange(false)) {
+            mCores.release();
+        }
+    } else if (mCores.leaveCallersCore()) {
+        mFlood.store(true);
+    }
+}
+
 void Sender::requestStop()
 {
     if (isRunning()) {
@@ -98,6 +111,7 @@ void Sender::leaveBehind(Sender* sender)
 
 void Sender::run()
 {
+    mCores.adopt();
     {
         QList<QByteArray> batch; // changes places with the queue, so that both keep their memory
         auto lastWrite = std::chrono::steady_clock::time_point();
@@ -108,20 +122,22 @@ void Sender::run()
             if (!writeAll(batch)) {
                 break;
             }
-            if (inBurst) {
-                linger();
+            if (const bool inFlood = mFlood.load(); inFlood || inBurst) {
+                linger(inFlood);
             }
             lastWrite = std::chrono::steady_clock::now();
         }
     }
+    mCores.forget();
     mEnded.store(true);
 }
 
 /// Looks out for a report that follows at once.
-void Sender::linger() const
+void Sender::linger(bool inFlood) const
 {
-    const auto end = std::chrono::steady_clock::now() + kLinger;
-    while (!mWaiting.load(std::memory_order_relaxed) && std::chrono::steady_clock::now() < end) {
+    const auto end = std::chrono::steady_clock::now() + (inFlood ? kFloodLinger : kLinger);
+    while (!mWaiting.load(std::memory_order_relaxed) && mFlood.load(std::memory_order_relaxed) == inFlood &&
+           std::chrono::steady_clock::now() < end) {
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "device/ThreadCores.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QThread>
@@ -21,6 +23,9 @@ public:
     void begin();
     /// Appends one report, with its report id. Never waits for the device.
     void enqueue(QByteArray bytes);
+    /// Whether a flood of reports follows. The thread then keeps off the caller's core, where it would wait for its turn or take
+    /// the caller's, and stays awake between two reports for up to 5 ms. No effect where the system has one core for both.
+    void expectFlood(bool expected);
     /// Lets the thread end after all that is queued now. No wait.
     void requestStop();
     /// Waits for that end. False when the device has taken nothing for 1.2 s, or not all within 5 s.
@@ -36,7 +41,7 @@ protected:
     void run() override;
 
 private:
-    void linger() const;
+    void linger(bool inFlood) const;
     void takeAll(QList<QByteArray>& batch);
     bool writeAll(QList<QByteArray>& batch);
     void putBack(QList<QByteArray>& batch, qsizetype from);
@@ -47,7 +52,9 @@ private:
     std::mutex mMutex;
     std::condition_variable mCondition;
     std::atomic<bool> mWaiting = false; // whether the queue holds anything; a hint to linger
-    std::atomic<quint64> mWritten = 0;  // counts up, to tell a slow device from one that takes nothing
+    std::atomic<bool> mFlood = false;
+    quillon::ThreadCores mCores;
+    std::atomic<quint64> mWritten = 0; // counts up, to tell a slow device from one that takes nothing
     std::atomic<bool> mAbandoned = false;
     std::atomic<bool> mEnded = true; // the thread's last step, which orders what it did before what follows its end
     bool mFailed = false;            // guarded by mMutex

@@ -48,7 +48,7 @@ bool WorkspaceSettings::settle(const QString& path)
         return false;
     }
     if (store->mLife != Life::Open) {
-        store->end();
+        store->leave();
     }
     return true;
 }
@@ -61,24 +61,22 @@ WorkspaceSettings::WorkspaceSettings(const QString& path) : QSettings(path, QSet
 WorkspaceSettings::~WorkspaceSettings()
 {
     mTimer.stop();
-    stores().remove(fileName());
 }
 
-void WorkspaceSettings::release(bool dropped)
+std::unique_ptr<WorkspaceSettings> WorkspaceSettings::release(bool dropped)
 {
     mLife = dropped ? Life::Dropped : Life::Waiting;
-    if (writeNow()) {
-        end();
-    }
+    return writeNow() ? leave() : nullptr;
 }
 
-void WorkspaceSettings::end()
+/// Of one that has nothing to write any more: from here on its file may have another store.
+std::unique_ptr<WorkspaceSettings> WorkspaceSettings::leave()
 {
-    const QString name = mLife == Life::Dropped ? fileName() : QString();
-    delete this;
-    if (!name.isEmpty()) {
-        QFile::remove(name);
+    stores().remove(fileName());
+    if (mLife == Life::Dropped) {
+        QFile::remove(fileName());
     }
+    return std::unique_ptr<WorkspaceSettings>(this);
 }
 
 void WorkspaceSettings::noteChange()
@@ -142,7 +140,7 @@ void WorkspaceSettings::timerEvent(QTimerEvent* event)
         }
     }
     if (writeNow() && mLife != Life::Open) {
-        end();
+        leave();
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QSettings>
+#include <memory>
 
 namespace quillon
 {
@@ -24,9 +25,12 @@ public:
     /// Writes what waits for a file, before another file takes its place. False when that failed.
     static bool settle(const QString& path);
 
-    /// Lets go of a store: it writes what is pending and deletes itself, at once or as soon as it can be written.
-    /// dropped: its file is not wanted any more, and goes with it.
-    void release(bool dropped);
+    ~WorkspaceSettings() override;
+
+    /// Lets go of a store, which writes what is pending. Gives the object to who has better to do first: the end of one that was
+    /// read takes as long as a fifth of the reading. Null while it can't be written; it then ends by itself as soon as it can.
+    /// dropped: its file is not wanted any more, and goes.
+    std::unique_ptr<WorkspaceSettings> release(bool dropped);
     /// Tells that a value was just set: the base class announces only the first change after a write.
     void noteChange();
     /// Writes at once. False, and one warning until a write succeeds again, when the file could not be written; nothing is lost
@@ -45,9 +49,8 @@ private:
     enum class Life { Open, Waiting, Dropped };
 
     explicit WorkspaceSettings(const QString& path);
-    ~WorkspaceSettings() override;
     bool isWritten();
-    void end();
+    std::unique_ptr<WorkspaceSettings> leave();
 
     QBasicTimer mTimer;
     QElapsedTimer mFirstChange;

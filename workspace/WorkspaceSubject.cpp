@@ -209,12 +209,16 @@ void WorkspaceSubject::modifyFile(const QString& path, int mode)
     if (!repair(path)) {
         return;
     }
-    close();
+    const QString workPath = mode == TempMode ? tempPath(path) : path;
+    // Behind the load, unless it would be a second store on the file.
+    std::unique_ptr<WorkspaceSettings> former = leaveStore();
+    if (former != nullptr && isSameFile(former->fileName(), workPath)) {
+        former.reset();
+    }
     mFilePath = path;
     mMode = mode;
-    mWorkPath = path;
+    mWorkPath = workPath;
     if (mode == TempMode) {
-        mWorkPath = tempPath(path);
         if (!copyToTemp(path)) {
             warn("modifyFile", "failed to copy file to temp folder");
             return;
@@ -266,10 +270,17 @@ void WorkspaceSubject::open(const QString& workPath)
 
 void WorkspaceSubject::close()
 {
-    if (mSettings != nullptr) {
-        store()->release(mMode == TempMode);
-        mSettings = nullptr;
+    leaveStore();
+}
+
+std::unique_ptr<WorkspaceSettings> WorkspaceSubject::leaveStore()
+{
+    if (mSettings == nullptr) {
+        return nullptr;
     }
+    auto former = store()->release(mMode == TempMode);
+    mSettings = nullptr;
+    return former;
 }
 
 WorkspaceSettings* WorkspaceSubject::store() const

@@ -7,6 +7,7 @@
 #include <QSettings>
 #include <QString>
 #include <QStringList>
+#include <memory>
 
 namespace quillon
 {
@@ -79,6 +80,7 @@ private:
     bool copyToTemp(const QString& path);
     void open(const QString& workPath);
     quillon::WorkspaceSettings* store() const;
+    std::unique_ptr<quillon::WorkspaceSettings> leaveStore();
     bool flush();
     void loadObservers();
 

@@ -5,10 +5,13 @@
 #include "device/ExitFrame.h"
 #include "device/USBHIDAPI.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QTest>
+#include <algorithm>
 #include <ctime>
+#include <sched.h>
 
 using namespace Qt::StringLiterals;
 
@@ -76,6 +79,26 @@ struct Connected {
     bool opened = false;
 };
 
+/// Where a thread may run; 0 is the caller.
+cpu_set_t coresOf(pid_t thread)
+{
+    cpu_set_t cores;
+    CPU_ZERO(&cores);
+    ::sched_getaffinity(thread, sizeof cores, &cores);
+    return cores;
+}
+
+pid_t threadNamed(const QByteArray& name)
+{
+    for (const QString& id : QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile comm(u"/proc/self/task/%1/comm"_s.arg(id));
+        if (comm.open(QIODevice::ReadOnly) && comm.readAll().trimmed() == name) {
+            return id.toInt();
+        }
+    }
+    return 0;
+}
+
 } // namespace
 
 class TestTransport : public QObject
@@ -97,6 +120,7 @@ private slots:
     void startsAgainAfterStop();
     void startsAgainAfterALoss();
     void leftoversBeforeAnEndAreDropped();
+    void floodHasItsCore();
     void idleThreadsSleep();
     void libraryMayBeLeftFirst();
 };
@@ -318,9 +342,33 @@ void TestTransport::leftoversBeforeAnEndAreDropped()
     QCOMPARE(fakehid::written(), QList<QByteArray>{"new"});
 }
 
+/// While a workspace is loaded the writer keeps off the loader's core, if there is another one.
+void TestTransport::floodHasItsCore()
+{
+    Connected link;
+    sendCounting(link.device, 1, 1);
+    QTRY_COMPARE(fakehid::writtenCount(), 1);
+    const cpu_set_t own = coresOf(0);
+    const pid_t writer = threadNamed("Sender");
+    QVERIFY(writer != 0);
+    link.device.in_Others_attributeChanged(u"Workspace"_s, u"LoadSettings"_s, u"1"_s);
+    const cpu_set_t during = coresOf(writer);
+    sendCounting(link.device, 2, 500);
+    QTRY_COMPARE(fakehid::writtenCount(), 501); // with the frame that tells of the load
+    sendCounting(link.device, 501, 900);
+    link.device.in_Others_attributeChanged(u"Workspace"_s, u"LoadSettings"_s, u"0"_s);
+    const cpu_set_t after = coresOf(writer);
+    link.device.stopDevice();
+    QCOMPARE(CPU_COUNT(&during), std::max(1, CPU_COUNT(&own) - 1));
+    QVERIFY(CPU_EQUAL(&after, &own));
+    QCOMPARE(writtenValues(), QList<int>({1, 1}) + counting(2, 900) + QList<int>({0}));
+}
+
 void TestTransport::idleThreadsSleep()
 {
     Connected link;
+    link.device.expectFlood(true); // of which nothing comes
+    sendCounting(link.device, 1, 1);
     QTest::qWait(100);
     const std::clock_t before = std::clock();
     QTest::qWait(1000);
