@@ -1,6 +1,8 @@
 #pragma once
 // The controls of a strip as it handles them, whichever member of their family stands there.
 
+#include "strips/StripEndpoint.h"
+
 #include <QFont>
 #include <QString>
 #include <QWidget>
@@ -49,14 +51,39 @@ struct ValuePort {
 
 /// A level meter: one feed for a single bar, two for a stereo one. Tenths of a dB.
 struct MeterPort {
+    using Feed = std::function<void(int)>;
+
     QWidget* widget = nullptr;
-    std::function<void(int)> feed = {};
-    std::function<void(int)> feedLeft = {};
-    std::function<void(int)> feedRight = {};
+    Feed feed = {};
+    Feed feedLeft = {};
+    Feed feedRight = {};
     std::function<void(const QFont&)> setFont = {};
 
     explicit operator bool() const { return widget != nullptr; }
+    /// A bar that is not there takes nothing.
+    static void pass(const Feed& feed, int tenthsOfDb)
+    {
+        if (feed) {
+            feed(tenthsOfDb);
+        }
+    }
+    /// Of "Meter", "MeterLeft" or "MeterRight"; empty for all else and without that bar. Lives no longer than the port.
+    DeviceSetter setter(QStringView attribute) const;
 };
+
+/// The look of a meter that stands beside the control of its strip: no tick lines, and the bar all but as high as the meter.
+template<class Meter> void standBeside(Meter* meter)
+{
+    meter->setScaleLinesHidden(true);
+    meter->setHeightRatio(8, 3, 2, 2, 85, 0);
+    if constexpr (requires { meter->setWidthRatio(0, 0, 0, 0); }) { // one with fewer columns keeps its own
+        constexpr bool kMono = requires
+        {
+            meter->setVolumeMeter(0);
+        };
+        kMono ? meter->setWidthRatio(23, 30, 6, 35) : meter->setWidthRatio(5, 10, 20, 26);
+    }
+}
 
 template<class Meter> MeterPort meterPort(Meter* meter)
 {

@@ -72,9 +72,7 @@ void ChannelEffect::pressed(const QString& button, bool on)
 void ChannelEffect::addLevel(const quillon::Place& meter, const quillon::Place& dial, const quillon::Place& mute)
 {
     auto* bar = new VolumeMeterS1M1(this);
-    bar->setScaleLinesHidden(true);
-    bar->setHeightRatio(8, 3, 2, 2, 85, 0);
-    bar->setWidthRatio(23, 30, 6, 35);
+    quillon::standBeside(bar);
     mMeter = quillon::meterPort(bar);
     body().adopt(mMeter, "widgetVolumeMeter", meter);
 

@@ -19,7 +19,7 @@ constexpr quillon::InputShape kStereoShape{.minimum = {51, 220},
 MicrophoneInput::MicrophoneInput(const quillon::InputShape& shape, const QString& objectName, QWidget* parent)
     : InputBase(shape, objectName, parent)
 {
-    addMeter(new VolumeMeterS1M1(this))->setWidthRatio(23, 30, 6, 35);
+    addMeter(new VolumeMeterS1M1(this));
 }
 
 void MicrophoneInput::addGain()
@@ -37,7 +37,7 @@ MicrophoneInput& MicrophoneInput::setGainRange(float minimumDb, float maximumDb)
 
 StereoInput::StereoInput(const QString& objectName, QWidget* parent) : InputBase(kStereoShape, objectName, parent)
 {
-    addMeter(new VolumeMeterS1M2(this))->setWidthRatio(5, 10, 20, 26);
+    addMeter(new VolumeMeterS1M2(this));
     mGainDial = addDial(new DialS1M6(this));
     mGainDial->setMinusInfinity(true);
     setGainRange(quillon::scaleLine);

@@ -54,9 +54,9 @@ public:
     void setEQ(bool on);
     void setDUCKING(bool on);
     /// Tenths of a dB, 1 for clip; the single bar or one side of a stereo meter.
-    void setVolumeMeter(int tenthsOfDb);
-    void setVolumeMeterLeft(int tenthsOfDb);
-    void setVolumeMeterRight(int tenthsOfDb);
+    void setVolumeMeter(int tenthsOfDb) { mMeter.pass(mMeter.feed, tenthsOfDb); }
+    void setVolumeMeterLeft(int tenthsOfDb) { mMeter.pass(mMeter.feedLeft, tenthsOfDb); }
+    void setVolumeMeterRight(int tenthsOfDb) { mMeter.pass(mMeter.feedRight, tenthsOfDb); }
 
     /// Sends each value that differs from what was sent last, while the strip is loaded.
     virtual void updateAttribute() { mEngine.updateAttribute(); }
@@ -161,8 +161,7 @@ private:
 template<class Meter> Meter* InputBase::addMeter(Meter* meter)
 {
     mMeter = quillon::meterPort(meter);
-    meter->setScaleLinesHidden(true);
-    meter->setHeightRatio(8, 3, 2, 2, 85, 0);
+    quillon::standBeside(meter);
     mBody.adopt(mMeter, "widgetVolumeMeter", mShape.meter);
     return meter;
 }

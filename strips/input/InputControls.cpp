@@ -104,43 +104,13 @@ void InputBase::setDUCKING(bool on)
     }
 }
 
-void InputBase::setVolumeMeter(int tenthsOfDb)
-{
-    if (mMeter.feed) {
-        mMeter.feed(tenthsOfDb);
-    }
-    if (mAutoGain) {
-        mAutoGain->setLevel(tenthsOfDb);
-    }
-}
-
-void InputBase::setVolumeMeterLeft(int tenthsOfDb)
-{
-    if (mMeter.feedLeft) {
-        mMeter.feedLeft(tenthsOfDb);
-    }
-}
-
-void InputBase::setVolumeMeterRight(int tenthsOfDb)
-{
-    if (mMeter.feedRight) {
-        mMeter.feedRight(tenthsOfDb);
-    }
-}
-
 quillon::DeviceSetter InputBase::deviceSetter(QStringView attribute)
 {
     if (attribute == u"Plug") {
         return [this](const QVariant& missing) { setOverlayVisible(missing.toBool()); };
     }
-    if (attribute == u"Meter" && mMeter.feed) {
-        return [this](const QVariant& level) { setVolumeMeter(level.toInt()); };
-    }
-    if (attribute == u"MeterLeft" && mMeter.feedLeft) {
-        return [this](const QVariant& level) { setVolumeMeterLeft(level.toInt()); };
-    }
-    if (attribute == u"MeterRight" && mMeter.feedRight) {
-        return [this](const QVariant& level) { setVolumeMeterRight(level.toInt()); };
+    if (auto setter = mMeter.setter(attribute)) {
+        return setter;
     }
     return mEngine.deviceSetter(attribute);
 }

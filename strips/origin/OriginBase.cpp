@@ -38,6 +38,10 @@ void OriginBase::declareInput()
                                               .storedGain = [this] { return std::get<float>(engine().stored(mGainRow)); }});
         body().onFont([this](const QFont& font) { mAutoGain->setFont(font); });
         body().onLanguage([this](const QString& language) { mAutoGain->setLanguage(language); });
+        mMeter.feed = [this, bar = mMeter.feed](int level) {
+            quillon::MeterPort::pass(bar, level);
+            mAutoGain->setLevel(level);
+        };
     }
 }
 
@@ -161,40 +165,10 @@ void OriginBase::setDUCKING(bool on)
     }
 }
 
-void OriginBase::setVolumeMeter(int tenthsOfDb)
-{
-    if (mMeter.feed) {
-        mMeter.feed(tenthsOfDb);
-    }
-    if (mAutoGain) {
-        mAutoGain->setLevel(tenthsOfDb);
-    }
-}
-
-void OriginBase::setVolumeMeterLeft(int tenthsOfDb)
-{
-    if (mMeter.feedLeft) {
-        mMeter.feedLeft(tenthsOfDb);
-    }
-}
-
-void OriginBase::setVolumeMeterRight(int tenthsOfDb)
-{
-    if (mMeter.feedRight) {
-        mMeter.feedRight(tenthsOfDb);
-    }
-}
-
 quillon::DeviceSetter OriginBase::deviceSetter(QStringView attribute)
 {
-    if (attribute == u"Meter" && mMeter.feed) {
-        return [this](const QVariant& level) { setVolumeMeter(level.toInt()); };
-    }
-    if (attribute == u"MeterLeft" && mMeter.feedLeft) {
-        return [this](const QVariant& level) { setVolumeMeterLeft(level.toInt()); };
-    }
-    if (attribute == u"MeterRight" && mMeter.feedRight) {
-        return [this](const QVariant& level) { setVolumeMeterRight(level.toInt()); };
+    if (auto setter = mMeter.setter(attribute)) {
+        return setter;
     }
     return PlainStrip::deviceSetter(attribute);
 }

@@ -36,9 +36,9 @@ public:
     void setEQ(bool on);
     void setDUCKING(bool on);
     /// Tenths of a dB, 1 for clip; the single bar or one side of a stereo meter.
-    void setVolumeMeter(int tenthsOfDb);
-    void setVolumeMeterLeft(int tenthsOfDb);
-    void setVolumeMeterRight(int tenthsOfDb);
+    void setVolumeMeter(int tenthsOfDb) { mMeter.pass(mMeter.feed, tenthsOfDb); }
+    void setVolumeMeterLeft(int tenthsOfDb) { mMeter.pass(mMeter.feedLeft, tenthsOfDb); }
+    void setVolumeMeterRight(int tenthsOfDb) { mMeter.pass(mMeter.feedRight, tenthsOfDb); }
 
     quillon::DeviceSetter deviceSetter(QStringView attribute) override;
 
@@ -123,7 +123,7 @@ template<class Meter> Meter* OriginBase::addMeter(Meter* meter, const char* chil
 template<class Meter> Meter* OriginBase::addSide(bool right, Meter* meter, const char* childName, const quillon::Place& place)
 {
     const quillon::MeterPort port{.widget = meter, .setFont = [meter](const QFont& font) { meter->setFont(font); }};
-    std::function<void(int)>& feed = right ? mMeter.feedRight : mMeter.feedLeft;
+    quillon::MeterPort::Feed& feed = right ? mMeter.feedRight : mMeter.feedLeft;
     if constexpr (requires { meter->setVolumeMeter(0, 0); }) {
         feed = [this, meter](int level) { meter->setVolumeMeter(level, isMuted() ? -90 : static_cast<int>(gainDb())); };
     } else {
