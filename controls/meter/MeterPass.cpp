@@ -143,8 +143,7 @@ void MeterPass::paintWindow(QWidget& window)
             visit.meter->updateStale();
 }
 
-/// One rectangle for all that stand in a row: a few pixels more to copy, instead of many ragged pieces to add up. Rows that an area
-/// touches become one.
+/// One rectangle for all that stand in a row: a few pixels more to copy, instead of many ragged pieces to add up.
 void MeterPass::addToRows(QRect area)
 {
     std::erase_if(mRows, [&area](const QRect& row) {

@@ -72,7 +72,7 @@ private:
     /// The part of a picture that has its top left corner at origin.
     void copy(const MeterSurface& surface, const QRect& area, const Picture& picture, QPoint origin) const;
     void copyBar(const MeterSurface& surface, const QRect& area, qsizetype lane, int levelDb);
-    /// True for an area that is all of a part that nothing else lies in: the most of what changes. It is painted then.
+    /// Paints an area that lies in one part, if no other part lies there: the most of what changes. False for all others.
     bool paintPart(const MeterSurface& surface, const QRect& area, const MeterMoments& moments);
     /// The end of a filled bar, with its own corners.
     QRect capArea(qsizetype lane, const QRect& filled) const;
