@@ -126,7 +126,7 @@ std::vector<Levels> walkLevels()
 QJsonObject runMeters(const QStringList& arguments)
 {
     const Home home;
-    const QString kind = arguments[0];
+    const QString& kind = arguments[0];
     QWidget window;
     window.resize(kColumns * kSize.width(), kMeters / kColumns * kSize.height());
     std::vector<Feed> feeds;

@@ -8,6 +8,7 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillon
 {
@@ -81,6 +82,14 @@ std::unique_ptr<WorkspaceSettings> WorkspaceSettings::leave()
 
 void WorkspaceSettings::noteChange()
 {
+    if (!std::exchange(mEdited, true)) {
+        emit edited();
+    }
+    writeSoon();
+}
+
+void WorkspaceSettings::writeSoon()
+{
     mChanged = true;
     mLastChange.start();
     if (!mFirstChange.isValid()) {
@@ -121,7 +130,7 @@ bool WorkspaceSettings::event(QEvent* event)
         return QSettings::event(event);
     }
     if (!mFirstChange.isValid()) {
-        noteChange();
+        writeSoon();
     }
     return true;
 }

@@ -33,9 +33,15 @@ public:
     std::unique_ptr<WorkspaceSettings> release(bool dropped);
     /// Tells that a value was just set: the base class announces only the first change after a write.
     void noteChange();
+    /// The next change is told by edited() again.
+    void forgetEdits() { mEdited = false; }
     /// Writes at once. False, and one warning until a write succeeds again, when the file could not be written; nothing is lost
     /// from memory then, the old file is as it was, and the write is tried again every two seconds.
     bool writeNow();
+
+signals:
+    /// The first change of all, or since forgetEdits().
+    void edited();
 
 protected:
     bool event(QEvent* event) override;
@@ -50,6 +56,7 @@ private:
 
     explicit WorkspaceSettings(const QString& path);
     bool isWritten();
+    void writeSoon();
     std::unique_ptr<WorkspaceSettings> leave();
 
     QBasicTimer mTimer;
@@ -57,6 +64,7 @@ private:
     QElapsedTimer mLastChange;
     Life mLife = Life::Open;
     bool mChanged = false;
+    bool mEdited = false;
     bool mFailed = false;
 };
 

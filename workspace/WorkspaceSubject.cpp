@@ -226,6 +226,7 @@ void WorkspaceSubject::modifyFile(const QString& path, int mode)
     }
     open(mWorkPath);
     loadObservers();
+    countAsSaved();
 }
 
 // A file that cannot be read back is kept under another name; an empty workspace takes its place.
@@ -266,6 +267,28 @@ void WorkspaceSubject::open(const QString& workPath)
     static std::once_flag once;
     std::call_once(once, [] { qAddPostRoutine([] { WorkspaceSubject::instance().close(); }); });
     mSettings = WorkspaceSettings::open(workPath);
+    connect(store(), &WorkspaceSettings::edited, this, &WorkspaceSubject::in_mSettings_edited, Qt::UniqueConnection);
+    countAsSaved();
+}
+
+void WorkspaceSubject::in_mSettings_edited()
+{
+    setUnsaved(mMode == TempMode);
+}
+
+void WorkspaceSubject::setUnsaved(bool unsaved)
+{
+    if (std::exchange(mUnsaved, unsaved) != unsaved) {
+        emit unsavedChanged(unsaved);
+    }
+}
+
+void WorkspaceSubject::countAsSaved()
+{
+    if (mSettings != nullptr) { // an observer may have closed it
+        store()->forgetEdits();
+    }
+    setUnsaved(false);
 }
 
 void WorkspaceSubject::close()
@@ -280,6 +303,7 @@ std::unique_ptr<WorkspaceSettings> WorkspaceSubject::leaveStore()
     }
     auto former = store()->release(mMode == TempMode);
     mSettings = nullptr;
+    setUnsaved(false);
     return former;
 }
 
@@ -350,6 +374,8 @@ void WorkspaceSubject::saveFile()
     const bool current = flush();
     if (mMode == TempMode && (!current || !quillon::replaceFile(mWorkPath, mFilePath))) {
         warn("saveFile", "failed to copy file from temp folder");
+    } else {
+        countAsSaved();
     }
 }
 

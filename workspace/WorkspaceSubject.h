@@ -58,6 +58,9 @@ public:
     bool isOpen() const { return mSettings != nullptr; }
     /// The write mode of the open workspace.
     int mode() const { return mMode; }
+    /// Whether the private copy of mode 1 has changes that saveWorkspace() would bring into the file. What a workspace is given
+    /// while it is loaded is none.
+    bool hasUnsavedChanges() const { return mUnsaved; }
     /// The file of the open workspace, also while a private copy is written to; empty while none is open.
     QString filePath() const { return isOpen() ? mFilePath : QString(); }
     /// Whether the open workspace is this one of the present work mode.
@@ -68,6 +71,10 @@ public:
 
 signals:
     void attributeChanged(QString objectName, QString attribute, QString value);
+    void unsavedChanged(bool unsaved);
+
+private slots:
+    void in_mSettings_edited();
 
 private:
     WorkspaceSubject() = default;
@@ -83,6 +90,8 @@ private:
     std::unique_ptr<quillon::WorkspaceSettings> leaveStore();
     bool flush();
     void loadObservers();
+    void setUnsaved(bool unsaved);
+    void countAsSaved();
 
     QSettings* mSettings = nullptr; // always a quillon::WorkspaceSettings; the observers hold the address of this pointer
     QList<WorkspaceObserver*> mObservers;
@@ -92,4 +101,5 @@ private:
     QString mPrefix;
     QString mDeviceName;
     qint32 mMode = 0;
+    bool mUnsaved = false;
 };

@@ -182,9 +182,28 @@ FieldHead& FieldHead::setLanguage(const QString& language)
     if (mSelector != nullptr) {
         mSelector->setLanguage(language);
     }
+    describeSave();
     fitCaptions();
     update();
     return *this;
+}
+
+void FieldHead::setSaved(bool saved)
+{
+    mSaved = saved;
+    describeSave();
+}
+
+/// Not the picture alone tells it.
+void FieldHead::describeSave()
+{
+    if (mSave == nullptr) {
+        return;
+    }
+    constexpr StripText kSaved{"All changes are saved", "所有更改均已保存"};
+    constexpr StripText kUnsaved{"There are unsaved changes", "有未保存的更改"};
+    mSave->setDone(mSaved);
+    mSave->setAccessibleDescription((mSaved ? kSaved : kUnsaved).in(mLanguage == "Chinese"_L1));
 }
 
 void FieldHead::fit(int windowHeight)

@@ -59,7 +59,8 @@ protected:
 
     const QString& language() const { return mLanguage; }
     ComboBoxS1M1* selector() const { return mSelector; }
-    HeadButton* saveButton() const { return mSave; }
+    /// Whether there is nothing to save by hand: the save button tells.
+    void setSaved(bool saved);
 
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -79,6 +80,7 @@ private:
     Choices* choicesOf(QStringView name);
     void setChoices(QStringView name, const QList<int>& values, int current);
     void fitCaptions();
+    void describeSave();
 
     std::span<const HeadItem> mItems;
     std::vector<QWidget*> mWidgets; // null for the logo
@@ -86,6 +88,7 @@ private:
     std::vector<Choices> mChoices;
     ComboBoxS1M1* mSelector = nullptr;
     HeadButton* mSave = nullptr;
+    bool mSaved = false;
     BatteryS1M1* mBattery = nullptr;
     QFont mFont;
     QFont mCaptionFont;

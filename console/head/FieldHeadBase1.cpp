@@ -1,7 +1,6 @@
 #include "console/head/FieldHeadBase1.h"
 
 #include "console/head/ComboBoxS1M1.h"
-#include "console/head/HeadButton.h"
 #include "controls/ConsoleQuestion.h"
 #include "controls/MessageBoxWidget.h"
 
@@ -45,7 +44,14 @@ void FieldHeadBase1::startSaveAs()
 
 void FieldHeadBase1::setAutoSave(bool on)
 {
-    saveButton()->setDone(on);
+    mAutoSave = on;
+    setSaved(mAutoSave || !mUnsaved);
+}
+
+void FieldHeadBase1::setUnsaved(bool unsaved)
+{
+    mUnsaved = unsaved;
+    setSaved(mAutoSave || !mUnsaved);
 }
 
 void FieldHeadBase1::askDownload()

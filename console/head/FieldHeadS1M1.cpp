@@ -8,7 +8,10 @@ using namespace Qt::StringLiterals;
 
 FieldHeadS1M1::FieldHeadS1M1(const QString& objectName, QWidget* parent) : FieldHeadBase1(objectName, parent)
 {
+    const WorkspaceSubject& subject = WorkspaceSubject::instance();
     setAutoSave(quillon::workspaceMode() == 0);
+    setUnsaved(subject.hasUnsavedChanges());
+    connect(&subject, &WorkspaceSubject::unsavedChanged, this, &FieldHeadS1M1::setUnsaved);
 }
 
 void FieldHeadS1M1::setWorkspaces(const QStringList& names, const QString& current)

@@ -137,6 +137,7 @@ private slots:
     void init();
     void flows_data();
     void flows();
+    void diskTellsWhatIsUnsaved();
     void emptyEditTakesTheClock();
     void onlyWorkspaceGivesWayToANewOne();
     void namesAreCutByWidth();
@@ -295,6 +296,38 @@ void TestHead::flows()
         found.sort();
         QCOMPARE(found, kept);
     }
+}
+
+/// It is ticked while there is nothing for it to do.
+void TestHead::diskTellsWhatIsUnsaved()
+{
+    Bench b(false);
+    auto* disk = b.bar.findChild<QWidget*>(u"WorkspaceSave"_s);
+    b.bar.setLanguage(u"English"_s);
+    const auto isSaved = [disk] { return disk->accessibleDescription() == u"All changes are saved"_s; };
+    const QImage ticked = disk->grab().toImage();
+    QVERIFY(isSaved());
+    b.probe.set(9);
+    QVERIFY(!isSaved());
+    QVERIFY(disk->grab().toImage() != ticked);
+    QTest::qWait(400); // the copy is written, the file is not
+    QVERIFY(!isSaved());
+    QTest::mouseClick(disk, Qt::LeftButton);
+    QVERIFY(isSaved());
+    QCOMPARE(disk->grab().toImage(), ticked);
+    b.probe.set(8);
+    b.bar.setLanguage(u"Chinese"_s);
+    QCOMPARE(disk->accessibleDescription(), u"有未保存的更改"_s);
+    b.bar.setLanguage(u"English"_s);
+    b.pick(0); // gone with its workspace
+    QVERIFY(isSaved());
+    b.probe.set(7);
+    QSettings().setValue("AutoSaveWorkspace", true);
+    b.subject.modifyWorkspacePreprocessing(0);
+    b.bar.onAppSettingsChanged({}, u"AutoSaveWorkspace"_s, u"true"_s);
+    QVERIFY(isSaved());
+    b.probe.set(6);
+    QVERIFY(isSaved());
 }
 
 void TestHead::emptyEditTakesTheClock()

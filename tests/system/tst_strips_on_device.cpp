@@ -59,7 +59,7 @@ void tst_strips_on_device::aDragSendsEachStepOnce()
             const bool rising = pixels > 0;
             QVERIFY(std::is_sorted(values.begin(), values.end(), [rising](int a, int b) { return rising ? a < b : b < a; }));
             QVERIFY(std::adjacent_find(values.begin(), values.end()) == values.end());
-            const double db = dynamic_cast<quillon::ValueControlHost*>(dial)->valueControl().accessibleValue();
+            const double db = dynamic_cast<quillon::ValueControlHost&>(*dial).valueControl().accessibleValue();
             QCOMPARE(values.last(), wireGain(strip, db));
         }
     }
