@@ -112,19 +112,19 @@ public:
     {
         QStringList lines;
         for (const char* strip : kStrips) {
-            for (QWidget* found : stripOf(strip)->findChildren<QWidget*>()) {
-                QWidget& child = *found;
+            for (QWidget* child : stripOf(strip)->findChildren<QWidget*>()) {
+                const QString objectName = child->objectName();
                 QString state;
-                if (auto* host = dynamic_cast<quillon::ValueControlHost*>(&child))
+                if (objectName == "widgetOverlay")
+                    state = child->isHidden() ? "hidden" : "shown";
+                else if (auto* host = dynamic_cast<quillon::ValueControlHost*>(child))
                     state = QString::number(host->valueControl().accessibleValue()) + ' ' + host->valueControl().accessibleText();
-                else if (auto* button = qobject_cast<QPushButton*>(&child); button && button->isCheckable())
+                else if (auto* button = qobject_cast<QPushButton*>(child); button && button->isCheckable())
                     state = button->isChecked() ? "on" : "off";
-                else if (auto* name = qobject_cast<QLineEdit*>(&child))
+                else if (auto* name = qobject_cast<QLineEdit*>(child))
                     state = name->text();
-                else if (child.objectName() == "widgetOverlay")
-                    state = child.isHidden() ? "hidden" : "shown";
                 if (!state.isEmpty())
-                    lines += QString("%1 %2 %3").arg(strip, child.objectName(), state);
+                    lines += QString("%1 %2 %3").arg(strip, objectName, state);
             }
         }
         return lines;
