@@ -31,6 +31,14 @@ bool AutoGainLink::run(const QString& channelName)
     return true;
 }
 
+void AutoGainLink::listenTo(MeterPort& meter)
+{
+    meter.feed = [this, bar = meter.feed](int level) {
+        MeterPort::pass(bar, level);
+        setLevel(level);
+    };
+}
+
 void AutoGainLink::setLevel(int tenthsOfDb)
 {
     if (mAutoGain && tenthsOfDb <= 1) {

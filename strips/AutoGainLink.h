@@ -29,6 +29,8 @@ public:
     /// Shows the dialog over the console window and applies its result. Blocks in an event loop, in which the strip may be
     /// destroyed: false then, and nothing of the strip may be touched any more.
     bool run(const QString& channelName);
+    /// Hears what the single bar of that meter is fed, which is fed no longer than this lives.
+    void listenTo(MeterPort& meter);
     /// A meter reading in tenths of a dB; readings above 1 are none.
     void setLevel(int tenthsOfDb);
     void setFont(const QFont& font);

@@ -57,10 +57,7 @@ void InputBase::declareInput()
                                               .storedGain = [this] { return std::get<float>(mEngine.stored(mGainRow)); }});
         mBody.onFont([this](const QFont& font) { mAutoGain->setFont(font); });
         mBody.onLanguage([this](const QString& language) { mAutoGain->setLanguage(language); });
-        mMeter.feed = [this, bar = mMeter.feed](int level) {
-            quillon::MeterPort::pass(bar, level);
-            mAutoGain->setLevel(level);
-        };
+        mAutoGain->listenTo(mMeter);
     }
 }
 

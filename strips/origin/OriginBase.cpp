@@ -38,10 +38,7 @@ void OriginBase::declareInput()
                                               .storedGain = [this] { return std::get<float>(engine().stored(mGainRow)); }});
         body().onFont([this](const QFont& font) { mAutoGain->setFont(font); });
         body().onLanguage([this](const QString& language) { mAutoGain->setLanguage(language); });
-        mMeter.feed = [this, bar = mMeter.feed](int level) {
-            quillon::MeterPort::pass(bar, level);
-            mAutoGain->setLevel(level);
-        };
+        mAutoGain->listenTo(mMeter);
     }
 }
 
