@@ -33,14 +33,15 @@ public:
     std::unique_ptr<WorkspaceSettings> release(bool dropped);
     /// Tells that a value was just set: the base class announces only the first change after a write.
     void noteChange();
-    /// The next change is told by edited() again.
+    /// Whether there was a change since the last forgetEdits().
+    bool isEdited() const { return mEdited; }
     void forgetEdits() { mEdited = false; }
     /// Writes at once. False, and one warning until a write succeeds again, when the file could not be written; nothing is lost
     /// from memory then, the old file is as it was, and the write is tried again every two seconds.
     bool writeNow();
 
 signals:
-    /// The first change of all, or since forgetEdits().
+    /// isEdited() has become true.
     void edited();
 
 protected:

@@ -267,20 +267,13 @@ void WorkspaceSubject::open(const QString& workPath)
     static std::once_flag once;
     std::call_once(once, [] { qAddPostRoutine([] { WorkspaceSubject::instance().close(); }); });
     mSettings = WorkspaceSettings::open(workPath);
-    connect(store(), &WorkspaceSettings::edited, this, &WorkspaceSubject::in_mSettings_edited, Qt::UniqueConnection);
+    connect(store(), &WorkspaceSettings::edited, this, &WorkspaceSubject::unsavedChanged, Qt::UniqueConnection);
     countAsSaved();
 }
 
-void WorkspaceSubject::in_mSettings_edited()
+bool WorkspaceSubject::hasUnsavedChanges() const
 {
-    setUnsaved(mMode == TempMode);
-}
-
-void WorkspaceSubject::setUnsaved(bool unsaved)
-{
-    if (std::exchange(mUnsaved, unsaved) != unsaved) {
-        emit unsavedChanged(unsaved);
-    }
+    return mMode == TempMode && mSettings != nullptr && store()->isEdited();
 }
 
 void WorkspaceSubject::countAsSaved()
@@ -288,7 +281,7 @@ void WorkspaceSubject::countAsSaved()
     if (mSettings != nullptr) { // an observer may have closed it
         store()->forgetEdits();
     }
-    setUnsaved(false);
+    emit unsavedChanged();
 }
 
 void WorkspaceSubject::close()
@@ -303,7 +296,7 @@ std::unique_ptr<WorkspaceSettings> WorkspaceSubject::leaveStore()
     }
     auto former = store()->release(mMode == TempMode);
     mSettings = nullptr;
-    setUnsaved(false);
+    emit unsavedChanged();
     return former;
 }
 

@@ -60,7 +60,7 @@ public:
     int mode() const { return mMode; }
     /// Whether the private copy of mode 1 has changes that saveWorkspace() would bring into the file. What a workspace is given
     /// while it is loaded is none.
-    bool hasUnsavedChanges() const { return mUnsaved; }
+    bool hasUnsavedChanges() const;
     /// The file of the open workspace, also while a private copy is written to; empty while none is open.
     QString filePath() const { return isOpen() ? mFilePath : QString(); }
     /// Whether the open workspace is this one of the present work mode.
@@ -71,10 +71,8 @@ public:
 
 signals:
     void attributeChanged(QString objectName, QString attribute, QString value);
-    void unsavedChanged(bool unsaved);
-
-private slots:
-    void in_mSettings_edited();
+    /// hasUnsavedChanges() may say something else now.
+    void unsavedChanged();
 
 private:
     WorkspaceSubject() = default;
@@ -90,7 +88,6 @@ private:
     std::unique_ptr<quillon::WorkspaceSettings> leaveStore();
     bool flush();
     void loadObservers();
-    void setUnsaved(bool unsaved);
     void countAsSaved();
 
     QSettings* mSettings = nullptr; // always a quillon::WorkspaceSettings; the observers hold the address of this pointer
@@ -101,5 +98,4 @@ private:
     QString mPrefix;
     QString mDeviceName;
     qint32 mMode = 0;
-    bool mUnsaved = false;
 };

@@ -190,7 +190,7 @@ FieldHead& FieldHead::setLanguage(const QString& language)
 
 void FieldHead::setSaved(bool saved)
 {
-    mSaved = saved;
+    mSave->setDone(saved);
     describeSave();
 }
 
@@ -202,8 +202,7 @@ void FieldHead::describeSave()
     }
     constexpr StripText kSaved{"All changes are saved", "所有更改均已保存"};
     constexpr StripText kUnsaved{"There are unsaved changes", "有未保存的更改"};
-    mSave->setDone(mSaved);
-    mSave->setAccessibleDescription((mSaved ? kSaved : kUnsaved).in(mLanguage == "Chinese"_L1));
+    mSave->setAccessibleDescription((mSave->isDone() ? kSaved : kUnsaved).in(mLanguage == "Chinese"_L1));
 }
 
 void FieldHead::fit(int windowHeight)

@@ -88,7 +88,6 @@ private:
     std::vector<Choices> mChoices;
     ComboBoxS1M1* mSelector = nullptr;
     HeadButton* mSave = nullptr;
-    bool mSaved = false;
     BatteryS1M1* mBattery = nullptr;
     QFont mFont;
     QFont mCaptionFont;

@@ -42,18 +42,6 @@ void FieldHeadBase1::startSaveAs()
     selector()->startSaveAs();
 }
 
-void FieldHeadBase1::setAutoSave(bool on)
-{
-    mAutoSave = on;
-    setSaved(mAutoSave || !mUnsaved);
-}
-
-void FieldHeadBase1::setUnsaved(bool unsaved)
-{
-    mUnsaved = unsaved;
-    setSaved(mAutoSave || !mUnsaved);
-}
-
 void FieldHeadBase1::askDownload()
 {
     quillon::askOverConsole(this, new MessageBoxWidget3, language(), [this](int answer) {

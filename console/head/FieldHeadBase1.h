@@ -13,17 +13,10 @@ public:
     const QString& workspace() const;
     /// Opens the selector's field for the name of a copy.
     void startSaveAs();
-    /// Whether changes are saved by themselves, and whether some are not yet; the save button tells whether it has anything to do.
-    void setAutoSave(bool on);
-    void setUnsaved(bool unsaved);
 
 protected:
     explicit FieldHeadBase1(const QString& objectName, QWidget* parent);
 
     /// Asks what is to be downloaded, and raises the events that the answer stands for.
     void askDownload();
-
-private:
-    bool mAutoSave = true;
-    bool mUnsaved = false;
 };

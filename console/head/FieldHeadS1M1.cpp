@@ -9,15 +9,14 @@ using namespace Qt::StringLiterals;
 FieldHeadS1M1::FieldHeadS1M1(const QString& objectName, QWidget* parent) : FieldHeadBase1(objectName, parent)
 {
     const WorkspaceSubject& subject = WorkspaceSubject::instance();
-    setAutoSave(quillon::workspaceMode() == 0);
-    setUnsaved(subject.hasUnsavedChanges());
-    connect(&subject, &WorkspaceSubject::unsavedChanged, this, &FieldHeadS1M1::setUnsaved);
+    const auto showSaved = [this, &subject] { setSaved(!subject.hasUnsavedChanges()); };
+    connect(&subject, &WorkspaceSubject::unsavedChanged, this, showSaved);
+    showSaved();
 }
 
 void FieldHeadS1M1::setWorkspaces(const QStringList& names, const QString& current)
 {
     WorkspaceSubject& subject = WorkspaceSubject::instance();
-    setAutoSave(quillon::workspaceMode() == 0);
     mOpen.clear();
     const QString chosen = quillon::workspaceToOpen(subject, names, current);
     if (names.isEmpty() || !chosen.isEmpty()) {
@@ -37,8 +36,6 @@ void FieldHeadS1M1::onAppSettingsChanged(QString, QString attribute, QString val
 {
     if (attribute == "Language"_L1) {
         setLanguage(value);
-    } else if (attribute == "AutoSaveWorkspace"_L1) {
-        setAutoSave(QVariant(value).toBool());
     }
 }
 

@@ -15,7 +15,7 @@ public:
     /// opened, no workspace is open afterwards.
     void setWorkspaces(const QStringList& names, const QString& current) override;
 
-    /// "Language"; "AutoSaveWorkspace" with "true" or "false".
+    /// "Language". A change of "AutoSaveWorkspace" shows itself in what is unsaved.
     void onAppSettingsChanged(QString objectName, QString attribute, QString value) override;
 
 signals:

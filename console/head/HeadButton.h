@@ -18,6 +18,7 @@ public:
 
     /// There is nothing to do by hand: the picture is dimmed and ticked. The button still works.
     void setDone(bool done);
+    bool isDone() const { return mDone; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
