@@ -37,6 +37,16 @@ if(QUILLON_SANITIZE)
     endif()
 endif()
 
+# quillon_sanitize(NAME)
+# What the sanitizer of this build, if any, has to be told in an executable.
+function(quillon_sanitize name)
+    if(QUILLON_SANITIZE STREQUAL "thread")
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/ThreadSanitizer.cpp)
+    elseif(QUILLON_SANITIZE STREQUAL "address")
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/AddressSanitizer.cpp)
+    endif()
+endfunction()
+
 # Everything that the sanitizer builds run: the tests of the link, the store and the readers.
 add_custom_target(sanitized)
 
@@ -61,9 +71,7 @@ function(quillon_test name)
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE Qt6::Test quillon_flags ${ARG_LIBS})
-    if(QUILLON_SANITIZE STREQUAL "thread")
-        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/ThreadSanitizer.cpp)
-    endif()
+    quillon_sanitize(${name})
     add_test(NAME ${name} COMMAND ${name})
     if("link" IN_LIST ARG_LABELS OR "store" IN_LIST ARG_LABELS)
         add_dependencies(sanitized ${name})
