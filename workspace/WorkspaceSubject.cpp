@@ -8,13 +8,11 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <iterator>
-#include <limits>
 #include <mutex>
 #include <utility>
-#include <vector>
 
 using namespace Qt::StringLiterals;
+using quillon::WorkspaceFolder;
 using quillon::WorkspaceSettings;
 
 namespace
@@ -75,20 +73,12 @@ void WorkspaceSubject::clearObservers()
 
 void WorkspaceSubject::setWorkspaceInfo(const QString& deviceName, const QString& folder, const QString& prefix)
 {
-    mDeviceName = deviceName;
-    mFolder = folder;
-    mPrefix = prefix;
-    if (!folder.isEmpty() && !QDir().mkpath(folder)) {
-        warn("setWorkspaceInfo", "failed to create folder");
-        // A workspace that has to be looked for is better than controls whose values nothing keeps.
-        mFolder = QDir::temp().filePath("Quillon/"_L1 + QFileInfo(folder).fileName());
-        QDir().mkpath(mFolder);
-    }
+    mPlace = WorkspaceFolder(deviceName, folder, prefix);
 }
 
 bool WorkspaceSubject::hasInfo(const char* operation) const
 {
-    if (mDeviceName.isEmpty() || mFolder.isEmpty() || mPrefix.isEmpty()) {
+    if (!mPlace.isComplete()) {
         warn(operation, "workspace info is empty");
         return false;
     }
@@ -104,11 +94,6 @@ bool WorkspaceSubject::isNamed(const QString& name, const char* operation) const
     return true;
 }
 
-QString WorkspaceSubject::filePath(const QString& name) const
-{
-    return mFolder + QDir::separator() + mPrefix + name + ".ini"_L1;
-}
-
 bool WorkspaceSubject::isOpenFile(const QString& path) const
 {
     return mSettings != nullptr && isSameFile(path, mFilePath);
@@ -117,7 +102,7 @@ bool WorkspaceSubject::isOpenFile(const QString& path) const
 void WorkspaceSubject::createWorkspace(const QString& name)
 {
     if (hasInfo("createWorkspace") && isNamed(name, "createWorkspace")) {
-        createFile(filePath(name), mDeviceName);
+        createFile(mPlace.filePath(name), mPlace.deviceName());
     }
 }
 
@@ -143,7 +128,7 @@ void WorkspaceSubject::createFile(const QString& path, const QString& deviceName
 void WorkspaceSubject::removeWorkspace(const QString& name)
 {
     if (hasInfo("removeWorkspace") && isNamed(name, "removeWorkspace")) {
-        removeFile(filePath(name));
+        removeFile(mPlace.filePath(name));
     }
 }
 
@@ -165,7 +150,7 @@ void WorkspaceSubject::removeFile(const QString& path)
 void WorkspaceSubject::workspaceSaveAs(const QString& name)
 {
     if (hasInfo("workspaceSaveAs") && isNamed(name, "workspaceSaveAs")) {
-        fileSaveAs(filePath(name));
+        fileSaveAs(mPlace.filePath(name));
     }
 }
 
@@ -192,7 +177,7 @@ void WorkspaceSubject::modifyWorkspace(const QString& name, int mode)
         if (settings.value(rememberKey()) != name) {
             settings.setValue(rememberKey(), name);
         }
-        modifyFile(filePath(name), mode);
+        modifyFile(mPlace.filePath(name), mode);
     }
 }
 
@@ -240,7 +225,7 @@ bool WorkspaceSubject::repair(const QString& path)
         warn("modifyFile", "failed to copy damaged file");
         return false;
     }
-    if (!quillon::writeEmptyWorkspace(path, mDeviceName)) {
+    if (!quillon::writeEmptyWorkspace(path, mPlace.deviceName())) {
         QFile::remove(aside);
         warn("modifyFile", "failed to replace damaged file");
         return false;
@@ -396,40 +381,12 @@ void WorkspaceSubject::clearFile()
     saveFile();
 }
 
-QStringList WorkspaceSubject::workspaceNames() const
-{
-    if (mFolder.isEmpty() || mPrefix.isEmpty()) {
-        return {};
-    }
-    // Dates are read once per file, and a file without one counts as the oldest.
-    std::vector<std::pair<qint64, QString>> dated;
-    const QFileInfoList files = QDir(mFolder).entryInfoList({mPrefix + "*.ini"_L1}, QDir::Files);
-    dated.reserve(static_cast<size_t>(files.size()));
-    for (const QFileInfo& file : files) {
-        const QString name = file.completeBaseName().mid(mPrefix.size());
-        // The filter does not look at case: what could not be opened by its name is not offered.
-        if (quillon::isWorkspaceName(name) && QFileInfo::exists(filePath(name))) {
-            const QDateTime date = quillon::creationDate(file.filePath());
-            dated.emplace_back(date.isValid() ? date.toMSecsSinceEpoch() : std::numeric_limits<qint64>::min(), name);
-        }
-    }
-    std::stable_sort(dated.begin(), dated.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    QStringList names;
-    std::transform(dated.begin(), dated.end(), std::back_inserter(names), [](const auto& entry) { return entry.second; });
-    return names;
-}
-
 bool WorkspaceSubject::isCurrent(const QString& name) const
 {
-    return quillon::isWorkspaceName(name) && isOpenFile(filePath(name));
+    return quillon::isWorkspaceName(name) && isOpenFile(mPlace.filePath(name));
 }
 
 bool WorkspaceSubject::isWorkspaceValid(const QString& name) const
 {
-    return isNamed(name, "isWorkspaceValid") && quillon::headerValue(filePath(name), u"DeviceName"_s) == mDeviceName;
-}
-
-QString WorkspaceSubject::rememberKey() const
-{
-    return mDeviceName + u'/' + mPrefix + "Workspace"_L1;
+    return isNamed(name, "isWorkspaceValid") && mPlace.isValid(name);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workspace/WorkspaceFolder.h"
 #include "workspace/WorkspaceObserver.h"
 
 #include <QList>
@@ -50,11 +51,11 @@ public:
     void clearWorkspace();
     void clearFile();
     /// Names of the work mode's workspaces, oldest first.
-    QStringList workspaceNames() const;
+    QStringList workspaceNames() const { return mPlace.names(); }
     bool isWorkspaceValid(const QString& name) const;
 
     /// The application setting that remembers the current workspace of the work mode.
-    QString rememberKey() const;
+    QString rememberKey() const { return mPlace.rememberKey(); }
     bool isOpen() const { return mSettings != nullptr; }
     /// The write mode of the open workspace.
     int mode() const { return mMode; }
@@ -79,7 +80,6 @@ private:
 
     bool hasInfo(const char* operation) const;
     bool isNamed(const QString& name, const char* operation) const;
-    QString filePath(const QString& name) const;
     bool isOpenFile(const QString& path) const;
     bool repair(const QString& path);
     bool copyToTemp(const QString& path);
@@ -94,8 +94,6 @@ private:
     QList<WorkspaceObserver*> mObservers;
     QString mFilePath;
     QString mWorkPath;
-    QString mFolder;
-    QString mPrefix;
-    QString mDeviceName;
+    quillon::WorkspaceFolder mPlace;
     qint32 mMode = 0;
 };
