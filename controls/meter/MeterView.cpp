@@ -23,6 +23,21 @@ MeterView::Timers::Timers()
     clip.setSingleShot(true);
 }
 
+void MeterView::Timers::startHold()
+{
+    holdEnd.setRemainingTime(MeterChannel::kHoldMs);
+    if (!hold.isActive())
+        hold.start(MeterChannel::kHoldMs);
+}
+
+bool MeterView::Timers::isHoldOver()
+{
+    if (holdEnd.hasExpired())
+        return true;
+    hold.start(int(holdEnd.remainingTime()));
+    return false;
+}
+
 MeterView::MeterView(QWidget* host, const MeterShape& shape)
     : mHost(host), mShape(shape), mRatios(shape.ratios), mFont(GlobalFont::instance().font())
 {
@@ -81,7 +96,7 @@ void MeterView::take(int lane, MeterReading reading)
     if (result.startClip)
         mTimers[size_t(lane)].clip.start(MeterChannel::kClipMs);
     if (result.startHold && mShape.textRow) {
-        mTimers[size_t(lane)].hold.start(MeterChannel::kHoldMs);
+        mTimers[size_t(lane)].startHold();
         fed.holding = true;
     }
     changed(lane, result.changed, before);

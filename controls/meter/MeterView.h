@@ -4,6 +4,7 @@
 #include "controls/meter/MeterChannel.h"
 #include "controls/meter/MeterPaint.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QFont>
 #include <QTimer>
@@ -96,7 +97,11 @@ private:
     };
     struct Timers {
         Timers();
+        /// Peaks come faster than a timer is cheap: one that runs is left alone, and finds out at its end that it goes on.
+        void startHold();
+        bool isHoldOver();
         QTimer hold;
+        QDeadlineTimer holdEnd;
         QTimer clip;
     };
 
@@ -135,8 +140,13 @@ void MeterView::connectTimers(Host* host, std::initializer_list<void (Host::*)()
 {
     const auto join = [host](QTimer& timer, void (Host::*slot)()) { QObject::connect(&timer, &QTimer::timeout, host, slot); };
     size_t index = 0;
-    for (const auto slot : holdEnds)
-        join(mTimers[index++].hold, slot);
+    for (const auto slot : holdEnds) {
+        Timers& timers = mTimers[index++];
+        QObject::connect(&timers.hold, &QTimer::timeout, host, [host, slot, &timers] {
+            if (timers.isHoldOver())
+                (host->*slot)();
+        });
+    }
     index = 0;
     for (const auto slot : clipEnds)
         join(mTimers[index++].clip, slot);
