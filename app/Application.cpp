@@ -18,6 +18,12 @@ bool Application::isLeaving()
     return gLeaving;
 }
 
+void Application::leave()
+{
+    quit();
+    exit(0);
+}
+
 bool Application::event(QEvent* event)
 {
     const QScopedValueRollback leaving(gLeaving, gLeaving || event->type() == QEvent::Quit);

@@ -15,6 +15,9 @@ public:
     /// Inside such a closing. Always false in a program that has another kind of application.
     static bool isLeaving();
 
+    /// Ends the program, also from an event loop that runs before the application's own, which knows no quit.
+    static void leave();
+
     bool event(QEvent* event) override;
 };
 

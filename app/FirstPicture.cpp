@@ -13,6 +13,8 @@ namespace quillon
 namespace
 {
 
+constexpr int kLatestMs = 3000; // a window on another desktop is not seen at all
+
 class ExposeWatch : public QObject
 {
 public:
@@ -33,13 +35,24 @@ protected:
     {
         if (event->type() == QEvent::Expose) {
             watched->removeEventFilter(this);
-            actLater(); // behind the painting, which the same event brings
+            begin(); // behind the painting, which the same event brings
         }
         return false;
     }
 
 private:
-    explicit ExposeWatch(QWindow& window) : QObject(&window) { window.installEventFilter(this); }
+    explicit ExposeWatch(QWindow& window) : QObject(&window)
+    {
+        window.installEventFilter(this);
+        QTimer::singleShot(kLatestMs, this, &ExposeWatch::begin);
+    }
+
+    void begin()
+    {
+        if (!std::exchange(mBegun, true)) {
+            actLater();
+        }
+    }
 
     void actLater()
     {
@@ -55,6 +68,7 @@ private:
         });
     }
 
+    bool mBegun = false;
     std::deque<std::function<void()>> mActs;
 };
 

@@ -5,6 +5,7 @@
 #include "app/SystemFonts.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFontDatabase>
 #include <QWidget>
 
@@ -36,9 +37,11 @@ FontStart::FontStart()
 void FontStart::load()
 {
     const QStringList paths = applicationFontPaths();
-    if (!GlobalFont::instance().load(paths.first(1))) {
+    if (QFile::exists(paths.first())) {
+        GlobalFont::instance().load(paths.first(1));
+    } else {
         admitSystemFonts();
-        GlobalFont::instance().load(paths.sliced(1));
+        GlobalFont::instance().load(paths);
         mComplete = true;
     }
 }

@@ -15,6 +15,8 @@ namespace
 // The console at factor 1, in pixels.
 constexpr float BaseWidth = 1100;
 constexpr float BaseHeight = 645;
+constexpr auto kChosenKey = "ScreenFit/Chosen";
+constexpr auto kLoweredKey = "ScreenFit/Lowered";
 constexpr std::array<float, 7> steps{0.5F, 0.75F, 1.F, 1.25F, 1.5F, 1.75F, 2.F};
 
 bool fits(float factor, const QSize& available)
@@ -39,18 +41,32 @@ float screenFitFactor(float factor, const QSize& available)
     return result;
 }
 
-void applyScreenFit()
+bool applyScreenFit()
 {
     QSettings settings;
     const QScreen* screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr || !settings.value("FollowSystemScale").toBool()) {
-        return;
+    if (screen == nullptr) {
+        return false;
     }
-    const float stored = settings.value("ScaleFactor").toFloat();
-    const float fitting = screenFitFactor(stored, screen->availableSize());
-    if (fitting < stored) {
-        settings.setValue("ScaleFactor", QString::number(static_cast<double>(fitting)));
+    const QString stored = settings.value("ScaleFactor").toString();
+    // What was lowered at an earlier start, and not chosen anew since.
+    const bool wasLowered = settings.contains(kChosenKey) && stored == settings.value(kLoweredKey).toString();
+    const QString chosen = wasLowered ? settings.value(kChosenKey).toString() : stored;
+    const float fitting = settings.value("FollowSystemScale").toBool() ? screenFitFactor(chosen.toFloat(), screen->availableSize())
+                                                                       : chosen.toFloat();
+    const QString factor = fitting < chosen.toFloat() ? QString::number(static_cast<double>(fitting)) : chosen;
+    if (factor == chosen) {
+        settings.remove(kChosenKey);
+        settings.remove(kLoweredKey);
+    } else {
+        settings.setValue(kChosenKey, chosen);
+        settings.setValue(kLoweredKey, factor);
     }
+    if (factor == stored) {
+        return false;
+    }
+    settings.setValue("ScaleFactor", factor);
+    return true;
 }
 
 } // namespace quillon

@@ -9,8 +9,9 @@ namespace quillon
 /// that fits, 50 % where none does. Never more than the factor.
 float screenFitFactor(float factor, const QSize& available);
 
-/// Lowers the stored "ScaleFactor" to what fits the primary screen, when "FollowSystemScale" is on.
-/// Before the first window is made, after AppSettingsSubject::init(). GUI thread.
-void applyScreenFit();
+/// Lowers the stored "ScaleFactor" to what fits the primary screen, when "FollowSystemScale" is on. What was chosen comes back with
+/// a screen that has room for it, or when that setting is off, unless another factor was chosen since. True when the factor
+/// changed. Before the first window is made, after AppSettingsSubject::init(). GUI thread.
+bool applyScreenFit();
 
 } // namespace quillon

@@ -192,7 +192,7 @@ void SingleInstanceManager::placeIcon()
     mTrayMenu = new quillon::TrayMenu;
     mTrayMenu->setLanguage(mLanguage);
     connect(mTrayMenu, &quillon::TrayMenu::showRequested, this, &SingleInstanceManager::activateWindow);
-    connect(mTrayMenu, &quillon::TrayMenu::quitRequested, qApp, &QCoreApplication::quit);
+    connect(mTrayMenu, &quillon::TrayMenu::quitRequested, &quillon::Application::leave);
     mTrayIcon = new QSystemTrayIcon(QIcon(mIconPath), this);
     connect(mTrayIcon, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger) {

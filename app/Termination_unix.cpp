@@ -1,5 +1,7 @@
 #include "app/Termination.h"
 
+#include "app/Application.h"
+
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
@@ -30,16 +32,18 @@ Termination::Termination()
         return;
     }
     mNotifier = std::make_unique<QSocketNotifier>(gPipe[0], QSocketNotifier::Read);
-    QObject::connect(mNotifier.get(), &QSocketNotifier::activated, [] {
-        QCoreApplication::quit();
-        QCoreApplication::exit(0); // also out of a loop that runs before the application's own, which knows no quit
-    });
+    QObject::connect(mNotifier.get(), &QSocketNotifier::activated, &Application::leave);
     struct sigaction action {
     };
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        ::sigaction(signal, &action, nullptr);
+        struct sigaction former {
+        };
+        ::sigaction(signal, &action, &former);
+        if (former.sa_handler == SIG_IGN) { // as nohup asks for
+            ::sigaction(signal, &former, nullptr);
+        }
     }
 }
 

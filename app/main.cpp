@@ -7,6 +7,7 @@
 #include "app/Termination.h"
 #include "app/WorkingFolder.h"
 #include "connect/DeviceConnector.h"
+#include "console/PageSize.h"
 #include "controls/Accessibility.h"
 #include "device/USBAudioAPI.h"
 #include "device/USBAudioManager.h"
@@ -34,7 +35,9 @@ int main(int argc, char** argv)
     SingleInstanceManager::instance().checkAndActivate();
     quillon::installControlAccessibility();
     AppSettingsSubject::instance().init();
-    quillon::applyScreenFit();
+    if (quillon::applyScreenFit()) {
+        quillon::dropPageSizes();
+    }
     const quillon::Termination termination;
 
     USBAudioAPI::instance().Init();

@@ -1,6 +1,7 @@
 #include "connect/DeviceConnector.h"
 
 #include "app/AppSettingsSubject.h"
+#include "app/Application.h"
 #include "app/FirstPicture.h"
 #include "app/GlobalFont.h"
 #include "app/SingleInstanceManager.h"
@@ -142,7 +143,7 @@ void DeviceConnector::showAtScale()
 {
     const float factor = QSettings().value("ScaleFactor").toFloat();
     resize(static_cast<int>(mBaseSize.width() * factor), static_cast<int>(mBaseSize.height() * factor));
-    show();
+    showNormal(); // it may have stepped back into the task bar
 }
 
 void DeviceConnector::in_mTimer_timeout()
@@ -259,11 +260,9 @@ void DeviceConnector::done(int result)
 
 void DeviceConnector::requestQuit()
 {
+    mQuitRequested = mFetching;
     if (mFetching) {
-        mQuitRequested = true;
         hide();
-        QCoreApplication::exit(0); // of the fetch's loop; the program's does not run yet and knows no quit
-    } else {
-        QCoreApplication::quit();
     }
+    Application::leave();
 }

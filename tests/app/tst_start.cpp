@@ -45,7 +45,20 @@ private slots:
             const QSize screen = QGuiApplication::primaryScreen()->availableSize();
             QCOMPARE(QSettings().value("ScaleFactor").toFloat(), follow ? quillon::screenFitFactor(9.F, screen) : 9.F);
             QVERIFY(quillon::screenFitFactor(9.F, screen) < 9.F);
+            QVERIFY2(!quillon::applyScreenFit(), "lowered twice");
         }
+        const auto factor = [] { return QSettings().value("ScaleFactor").toString(); };
+        QSettings().setValue("FollowSystemScale", true);
+        QVERIFY(quillon::applyScreenFit() && factor() != u"9"_s);
+        QSettings().setValue("FollowSystemScale", false); // as on a screen with room for it
+        QVERIFY(quillon::applyScreenFit());
+        QCOMPARE(factor(), u"9"_s);
+        QSettings().setValue("FollowSystemScale", true);
+        QVERIFY(quillon::applyScreenFit());
+        QSettings().setValue("ScaleFactor", u"0.4"_s); // the user's own
+        QSettings().setValue("FollowSystemScale", false);
+        QVERIFY(!quillon::applyScreenFit());
+        QCOMPARE(factor(), u"0.4"_s);
     }
 
     void choosesTheWorkingFolder()
