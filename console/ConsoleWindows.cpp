@@ -6,6 +6,8 @@
 #include "equalizer/window/EqualizerS1M2.h"
 #include "strips/output/OutputS1M4.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon
@@ -15,6 +17,7 @@ namespace
 {
 
 constexpr std::array kPages{PageMble, PageLive, PageTyro, PageProf};
+constexpr std::array kDuckingPages{PageMble, PageLive};
 
 struct EqualizerRow {
     const char16_t* object;
@@ -80,7 +83,7 @@ void ConsoleWindows::joinDucking(const std::vector<ConsolePage*>& pages)
             mDucking->setDuckingSwitch(value == u"On"_s, true, true);
         }
     };
-    for (const PageId id : {PageMble, PageLive}) {
+    for (const PageId id : kDuckingPages) {
         pages[id]->addObserver(mDucking);
     }
     for (const PageId id : kPages) {
@@ -171,7 +174,10 @@ void ConsoleWindows::joinLamps(const std::vector<ConsolePage*>& pages)
 void ConsoleWindows::setPage(PageId page)
 {
     mDucking->setLayoutForMobile(page != PageMble);
-    mSettings->setDisplayMode(QString::fromUtf8(pageRow(page)->modeWord));
+    if (std::ranges::find(kDuckingPages, page) == kDuckingPages.end()) {
+        mDucking->hide(); // there is no workspace that would keep its values
+    }
+    mSettings->setPage(*pageRow(page));
 }
 
 void ConsoleWindows::setScaleFactor(double factor)

@@ -20,6 +20,13 @@ QStringView view(std::u16string_view text)
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
+/// What is not plugged in is marked where the strips of a page are those of sockets: not on the Easy page, and on the Pro page at
+/// the inputs alone.
+bool marksPlug(PageId page, QStringView objectName)
+{
+    return page != PageTyro && (page != PageProf || objectName.startsWith(u"Input_"));
+}
+
 bool call(const std::vector<DeviceSetter>& setters, const QVariant& value)
 {
     for (const DeviceSetter& setter : setters) {
@@ -41,7 +48,7 @@ void InboundRouter::bind(PageId page, const QString& objectName, StripEndpoint& 
 {
     const auto rows = inboundRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (view(rows[i].object) == objectName) {
+        if (view(rows[i].object) == objectName && (!concernsAllPages(rows[i]) || marksPlug(page, objectName))) {
             add(page, i, strip.deviceSetter(view(rows[i].attribute)));
         }
     }

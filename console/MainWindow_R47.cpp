@@ -176,7 +176,7 @@ void MainWindow_R47::applyWorkMode(int mode)
         setPage(PageMble);
         break;
     case 2:
-        setPage(QSettings().value(kPageIdKey, static_cast<int>(PageLive)).toInt());
+        setPage(QSettings().value(kPageIdKey).toInt());
         break;
     case 3:
         setPage(PageProf);
@@ -240,6 +240,9 @@ void MainWindow_R47::openWorkspace(const PageRow& row)
         subject.createWorkspace(name);
     }
     subject.modifyWorkspace(name, 0);
+    if (!subject.isCurrent(name)) { // the page must not go on in the workspace of the one before
+        subject.close();
+    }
     mStatus->setWorkspace({});
 }
 
@@ -248,13 +251,13 @@ void MainWindow_R47::applySize()
     const PageRow* row = pageRow(mPageID);
     if (row->widthKey != nullptr) {
         applyPageSize(*this, *row, currentPage()->splitters(), scaleFactor());
-    } else if (mPageID == PageTyro && !mSized) {
+    } else if (mPageID == PageTyro && mSizedPage < 0) {
         // As the first page it would have no size at all; it borrows the Live page's without touching what that one keeps.
         applyPageSize(*this, *pageRow(PageLive), {}, scaleFactor(), SizeMemory::None);
     } else {
         return;
     }
-    mSized = true;
+    mSizedPage = mPageID;
 }
 
 ConsolePage* MainWindow_R47::currentPage() const
@@ -265,6 +268,9 @@ ConsolePage* MainWindow_R47::currentPage() const
 void MainWindow_R47::keepSizes()
 {
     mSizeTimer.stop();
+    if (mSizedPage != mPageID) { // what the window is as wide as is not the page's yet
+        return;
+    }
     const PageRow& page = *pageRow(mPageID);
     keepPageWidth(page, width());
     if (std::exchange(mSplitterMoved, false) && currentPage() != nullptr) {
@@ -297,7 +303,7 @@ void MainWindow_R47::resizeEvent(QResizeEvent* event)
             page->fit(height());
         }
     }
-    if (pageRow(mPageID)->widthKey != nullptr) {
+    if (mSizedPage == mPageID) {
         mSizeTimer.start();
     }
     MainWindow_Base::resizeEvent(event);

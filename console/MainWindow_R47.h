@@ -88,5 +88,5 @@ private:
     QTimer mSizeTimer; // writes sizes when a drag has come to rest: each write waits for the disk
     bool mSplitterMoved = false;
     int mPageID = quillon::PageLive;
-    bool mSized = false; // a size step has run
+    int mSizedPage = -1; // the last one whose size step has run
 };

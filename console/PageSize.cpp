@@ -25,7 +25,9 @@ void restoreSplitters(const PageRow& page, const QList<QSplitter*>& splitters)
             splitter->setSizes({row->first, row->second});
             settings.setValue(row->key, splitter->saveState());
         }
+        const int gap = splitter->handleWidth(); // the window's, not that of the time when the state was saved
         splitter->restoreState(settings.value(row->key).toByteArray());
+        splitter->setHandleWidth(gap);
     }
 }
 

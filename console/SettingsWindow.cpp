@@ -66,9 +66,10 @@ void SettingsWindow::bind(InboundRouter& router)
     }
 }
 
-void SettingsWindow::setDisplayMode(const QString& mode)
+void SettingsWindow::setPage(const PageRow& page)
 {
-    mDevice->setDisplayMode(mode);
+    mDevice->setDisplayMode(QString::fromUtf8(page.modeWord));
+    mSystem->setWorkspaceFixed(page.fixedWorkspace != nullptr);
 }
 
 void SettingsWindow::setSampleRates(const QList<int>& rates, int current)

@@ -31,8 +31,8 @@ public:
     void setScaleFactor(double factor);
     /// Gives the router the page of the device's own options.
     void bind(InboundRouter& router);
-    /// The work mode of the page shown, by its word.
-    void setDisplayMode(const QString& mode);
+    /// What page the console shows.
+    void setPage(const PageRow& page);
     /// Hz and samples, as the driver has them now.
     void setSampleRates(const QList<int>& rates, int current);
     void setBufferSizes(const QList<int>& sizes, int current);

@@ -211,9 +211,17 @@ void ComboBoxS1M1::finishEdit()
         refuseName();
     } else {
         closeEdit();
-        tell(mEditKind == New ? u"NewItem"_s : u"ItemSaveAs"_s, name);
-        mList->addName(name);
-        pick(name);
+        makeAndPick(mEditKind == New ? u"NewItem"_s : u"ItemSaveAs"_s, name);
+    }
+}
+
+void ComboBoxS1M1::makeAndPick(const QString& how, const QString& name)
+{
+    tell(how, name);
+    mList->addName(name);
+    pick(name);
+    if (mCurrent != name) { // it could not be opened, so it was not made
+        mList->removeName(name);
     }
 }
 
@@ -292,9 +300,7 @@ void ComboBoxS1M1::remove(const QString& name)
     }
     if (last == 0) {
         const QString fresh = quillon::uniqueName(QString(), names());
-        tell(u"NewItem"_s, fresh);
-        mList->addName(fresh);
-        pick(fresh);
+        makeAndPick(u"NewItem"_s, fresh);
     } else if (name == mCurrent) {
         pick(itemText(row == last ? 0 : row + 1));
     }

@@ -64,6 +64,7 @@ private:
     void closeEdit();
     void cutToWidth(const QString& text);
     void finishEdit();
+    void makeAndPick(const QString& how, const QString& name);
     void refuseName();
     void askOverride(const QString& name);
     void overrideName(const QString& name);

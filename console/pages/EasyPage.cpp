@@ -74,7 +74,6 @@ void buildEasyPage(PageKit& kit)
     auto* top = kit.addField(ConsolePage::Top, new FieldOriginS1M1(u"FieldTop"_s, {"Input", "输入"}));
     const QList<PlainStrip*> inputs = addSimpleStrips(kit, kTop);
     top->setWidgetList(inputs);
-    kit.report(u"Output_OTGOUT", u"Plug", inputs[4]->deviceSetter(u"Plug"));
 
     auto* bottom = kit.addField(ConsolePage::Bottom, new FieldOriginS1M2(u"FieldBottom"_s, {}));
     QList<PlainStrip*> strips{addMenu(kit), addEffect(kit)};

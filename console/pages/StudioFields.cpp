@@ -76,11 +76,13 @@ QList<InputBase*> buildInputs(PageKit& kit, std::span<const InputRow> rows)
 FieldMixerS1M1* buildMixers(PageKit& kit, const Routing& routing, std::span<const MixerRow> rows)
 {
     auto* field = kit.addField(ConsolePage::Right, new FieldMixerS1M1(u"FieldMixer"_s));
+    const auto isEffect = [](const MixerRow& row) { return row.levelObject && QStringView(row.levelObject) == u"Effect"; };
+    const auto isThere = [&](const MixerRow& row) { return routing.effect || !isEffect(row); };
     Mixes mixes;
     for (const MixRow& mix : std::span(kMixes).first(static_cast<std::size_t>(routing.mixes))) {
         QStringList visible;
         for (const MixerRow& row : rows) {
-            if (mix.shows(QLatin1StringView(row.channelName))) {
+            if (isThere(row) && mix.shows(QLatin1StringView(row.channelName))) {
                 visible += QString::fromLatin1(row.channelName);
             }
         }
@@ -92,16 +94,15 @@ FieldMixerS1M1* buildMixers(PageKit& kit, const Routing& routing, std::span<cons
     field->setMixTable(mixes);
     QList<MixerBase*> strips;
     for (const MixerRow& row : rows) {
-        const bool effect = row.levelObject && QStringView(row.levelObject) == u"Effect";
-        if (effect && !routing.effect) {
+        if (!isThere(row)) {
             continue;
         }
         MixerBase* strip = kit.add(row.make(QString::fromLatin1(row.object)), {&DeviceR47::in_fieldMixer_attributeChanged});
         strip->setChannelName(QString::fromLatin1(row.channelName));
         strip->setSaveEvents(false).setNameEditable(true);
         if (row.levelObject) {
-            kit.report(row.levelObject, effect ? u"MeterOut" : u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
-            kit.report(row.levelObject, effect ? u"MeterOut" : u"MeterRight", strip->deviceSetter(u"MeterRight"));
+            kit.report(row.levelObject, isEffect(row) ? u"MeterOut" : u"MeterLeft", strip->deviceSetter(u"MeterLeft"));
+            kit.report(row.levelObject, isEffect(row) ? u"MeterOut" : u"MeterRight", strip->deviceSetter(u"MeterRight"));
         } else {
             kit.report(u"EQ_IN1", u"Meter", strip->deviceSetter(u"MeterLeft"));
             kit.report(u"EQ_IN2", u"Meter", strip->deviceSetter(u"MeterRight"));

@@ -143,7 +143,7 @@ void WidgetSytem1::storeSwitch(int row, bool on)
 bool WidgetSytem1::applyAutoSave(bool on)
 {
     WorkspaceSubject& workspace = WorkspaceSubject::instance();
-    if (!workspace.isOpen())
+    if (mWorkspaceFixed || !workspace.isOpen())
         return true; // the next one opens as the setting tells
     workspace.modifyWorkspacePreprocessing(on ? 0 : 1);
     if (workspace.mode() == (on ? 0 : 1))

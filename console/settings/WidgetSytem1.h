@@ -25,6 +25,8 @@ public:
     void setAutoSaveWorkspace(bool on);
     void setAutoStartOnBoot(bool on);
     void setAutoCheckForUpdates(bool on);
+    /// Whether the page has one workspace, which is always written at once: it offers no way to save by hand.
+    void setWorkspaceFixed(bool fixed) { mWorkspaceFixed = fixed; }
     /// Who makes and removes the entry that starts the program at log-in. Empty: only the setting is written.
     void setAutoStarter(std::function<void(bool)> starter) { mAutoStarter = std::move(starter); }
 
@@ -41,5 +43,6 @@ private:
     bool applyAutoSave(bool on);
 
     quillon::SettingsRows* mRows;
+    bool mWorkspaceFixed = false;
     std::function<void(bool)> mAutoStarter;
 };

@@ -5,6 +5,7 @@
 #include "console/InboundRouter.h"
 #include "console/MainWindow_R47.h"
 #include "console/PageSize.h"
+#include "console/ducking/R47_PrivateWidget1.h"
 #include "device/InboundTable.h"
 #include "device/USBAudioAPI.h"
 #include "resources/Resources.h"
@@ -15,6 +16,7 @@
 #include <QRegularExpression>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -58,6 +60,8 @@ private slots:
     void easyAsFirstPageBorrowsLivesSize();
     void closingOnlyHides();
     void pageSwitchOpensItsOwnFolder();
+    void whatIsNotThePagesIsNotKept();
+    void freshProListsItsOwnStrips();
 
 private:
     QTemporaryDir mFolder;
@@ -138,6 +142,13 @@ void TestConsole::plugStatesGoToAllPages()
     QVERIFY(router.route(PageLive, {.code = 0x2106, .value = 1}));
     QCOMPARE(live.seen, (QStringList{u"Plug=true"_s, u"Plug=false"_s}));
     QCOMPARE(pro.seen, live.seen);
+
+    for (const auto& [page, object] : {std::pair{PageTyro, u"Input_IN1"_s}, {PageProf, u"Output_HP"_s}}) {
+        router.bind(page, object, pro); // no marks there
+    }
+    QVERIFY(router.route(PageLive, {.code = 0x2106, .value = 0}) && !router.route(PageProf, {.code = 0x6406, .value = 0}));
+    QCOMPARE(pro.seen.size(), 3);
+    live.seen.pop_back();
 
     router.bind(PageLive, u"Output_OTGOUT", u"Plug", live.deviceSetter(u"Plug"));
     QVERIFY(router.route(PageMble, {.code = 0x6206, .value = 0}));
@@ -242,6 +253,52 @@ void TestConsole::pageSwitchOpensItsOwnFolder()
     QCOMPARE(QDir(u"Workspace/R47/Mble"_s).entryList({u"R47_Mble_*.ini"_s}).size(), 1);
     QVERIFY(!QSettings().value("R47/R47_Mble_Workspace").toString().isEmpty());
     QCOMPARE(QSettings().value("R47/PageID").toInt(), 3);
+}
+
+/// Of a window that never showed a page, a workspace that cannot be opened, and a page that has no ducking.
+void TestConsole::whatIsNotThePagesIsNotKept()
+{
+    QSettings().setValue("R47/PageLiveWidth", 1800);
+    {
+        MainWindow_R47 window; // its unit is silent, and somebody fetches the window from the tray
+        window.show();
+        QTest::qWait(300);
+    }
+    QCOMPARE(QSettings().value("R47/PageLiveWidth").toInt(), 1800);
+
+    QSettings().setValue("ScaleFactor", 2.0);
+    MainWindow_R47 window;
+    window.applyWorkMode(2);
+    window.show();
+    const auto* splitter = window.findChild<QSplitter*>(u"PageLiveSplitterIE_MLO"_s);
+    QCOMPARE(splitter->handleWidth(), 6);
+    auto* ducking = window.findChild<R47_PrivateWidget1*>();
+    ducking->show();
+    const QString easy = u"Workspace/R47/Tyro/R47_Tyro_configFile.ini"_s;
+    QFile::remove(easy);
+    QVERIFY(QDir().mkpath(easy));
+    QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::createFile //failed to create file");
+    QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::modifyFile //file does not exist");
+    window.setPage(PageTyro);
+    QVERIFY(!WorkspaceSubject::instance().isOpen() && ducking->isHidden());
+    window.setPage(PageLive);
+    QVERIFY(WorkspaceSubject::instance().isOpen());
+    QCOMPARE(splitter->handleWidth(), 6);
+    QVERIFY(QDir().rmdir(easy));
+}
+
+void TestConsole::freshProListsItsOwnStrips()
+{
+    MainWindow_R47 window;
+    window.applyWorkMode(3);
+    WorkspaceSubject& subject = WorkspaceSubject::instance();
+    const QString path = subject.filePath();
+    subject.close();
+    const QSettings file(path, QSettings::IniFormat);
+    const QStringList first = file.value("FieldMixer/MixA_Visible").toStringList();
+    QCOMPARE(first.size(), 9);
+    QVERIFY(!first.contains(u"FX"_s));
+    QCOMPARE(file.value("FieldMixer/MixB_Visible").toStringList().size(), 8);
 }
 
 QTEST_MAIN(TestConsole)

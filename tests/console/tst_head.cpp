@@ -175,8 +175,12 @@ void TestHead::flows_data()
     QTest::addColumn<QString>("current");
     QTest::addColumn<QList<int>>("contents"); // of A, B, C and New at the end; -1: no such file
     QTest::addColumn<bool>("losesEdit");      // of B, where changes are not saved by themselves
+    QTest::addColumn<int>("loads");
     const auto row = [](const char* name, const Deed& deed, const QString& told, const QString& current, const QList<int>& contents,
-                        bool losesEdit = true) { QTest::newRow(name) << deed << told << current << contents << losesEdit; };
+                        bool losesEdit = true, int loads = -1) {
+        loads = loads >= 0 ? loads : int(told.count(u"ItemChanged"_s) + told.count(u"RestoreDefault"_s));
+        QTest::newRow(name) << deed << told << current << contents << losesEdit << loads;
+    };
     const auto copyOverC = [](Bench& b) {
         b.bar.startSaveAs();
         b.type(u"C"_s);
@@ -194,6 +198,17 @@ void TestHead::flows_data()
         };
     };
     row("choose", [](Bench& b) { b.pick(0); }, u"ItemChanged=A"_s, u"A"_s, {1, 9, 3, -1});
+    row(
+        "new that cannot be made",
+        [=](Bench& b) {
+            QVERIFY(QDir().mkpath(b.path(u"No"_s)));
+            QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::createFile //failed to create file");
+            QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::modifyFile //file does not exist");
+            newNamed(u"No"_s)(b);
+            QVERIFY(!b.box().names().contains(u"No"_s));
+            QSettings().setValue(b.subject.rememberKey(), u"B"_s);
+        },
+        u"NewItem=No ItemChanged=No"_s, u"B"_s, {1, 9, 3, -1}, true, 0);
     row("choose by mouse",
         [](Bench& b) {
             b.box().showPopup();
@@ -268,6 +283,7 @@ void TestHead::flows()
     QFETCH(QString, current);
     QFETCH(QList<int>, contents);
     QFETCH(bool, losesEdit);
+    QFETCH(int, loads);
     for (const bool autoSave : {true, false}) {
         Bench bench(autoSave);
         bench.probe.set(9);
@@ -279,7 +295,7 @@ void TestHead::flows()
         QVERIFY(!bench.box().isEditOpen() && !bench.box().isEditable() && !bench.question());
         QVERIFY(bench.subject.isCurrent(current));
         QCOMPARE(QSettings().value(bench.subject.rememberKey()).toString(), current);
-        QCOMPARE(bench.probe.loads, told.count(u"ItemChanged"_s) + told.count(u"RestoreDefault"_s));
+        QCOMPARE(bench.probe.loads, loads);
         if (!autoSave && losesEdit) {
             contents[1] = 2;
         }

@@ -344,6 +344,19 @@ void TestSettingsDialog::autoSaveKeepsTheEdits()
         QCOMPARE(onDisk(), 5);
         bench.press(u"AutoSaveWorkspace"_s, Qt::Key_Space);
         QCOMPARE(bench.told, (QStringList{u"SettingsSystem AutoSaveWorkspace=1"_s, u"SettingsSystem AutoSaveWorkspace=0"_s}));
+        // A page without a way to save by hand is always written at once.
+        subject.modifyWorkspace(u"A"_s, 0);
+        QSettings().setValue("AutoSaveWorkspace", true);
+        bench.system->setAutoSaveWorkspace(true);
+        bench.system->setWorkspaceFixed(true);
+        bench.press(u"AutoSaveWorkspace"_s, Qt::Key_Space);
+        QCOMPARE(QSettings().value("AutoSaveWorkspace").toBool(), false);
+        QVERIFY(!bench.row<QCheckBox>(u"AutoSaveWorkspace"_s)->isChecked());
+        probe.set(7);
+        subject.close();
+        QCOMPARE(onDisk(), 7);
+        subject.modifyWorkspace(u"A"_s, 1);
+        bench.system->setWorkspaceFixed(false);
         // The way back into the file is gone: the edits stay private, with their save button.
         probe.set(6);
         QVERIFY(QDir(folder.filePath(u"work"_s)).removeRecursively());
