@@ -2,6 +2,7 @@
 
 #include "app/AppSettingsSubject.h"
 #include "processing/AutoGainS1M1.h"
+#include "strips/StripHead.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,11 +17,11 @@ float autoGainFor(int peakTenthsOfDb)
 
 AutoGainLink::AutoGainLink(QWidget* strip, Host host) : mStrip(strip), mHost(std::move(host)) {}
 
-bool AutoGainLink::run(const QString& channelName)
+bool AutoGainLink::run(const StripHead& head)
 {
     const QWidget* console = AppSettingsSubject::instance().mainWindow();
     AutoGainS1M1* shown = dialog();
-    shown->setChannelNames({{u"English"_s, channelName}, {u"Chinese"_s, channelName}});
+    shown->setChannelNames({{u"English"_s, head.nameIn(false)}, {u"Chinese"_s, head.nameIn(true)}});
     const QPointer<AutoGainLink> self(this);
     const int result = shown->execAt(AutoGainS1M1::squareOver(console ? console : mStrip->window()));
     if (!self) {

@@ -10,6 +10,8 @@ class AutoGainS1M1;
 namespace quillon
 {
 
+class StripHead;
+
 /// What a strip with an AUTO button does around the dialog: gain to 0 for the measurement, the measured gain or the old one after
 /// it. Held by the strip. The dialog is made when it is first asked for. GUI thread.
 class AutoGainLink : public QObject
@@ -28,7 +30,7 @@ public:
 
     /// Shows the dialog over the console window and applies its result. Blocks in an event loop, in which the strip may be
     /// destroyed: false then, and nothing of the strip may be touched any more.
-    bool run(const QString& channelName);
+    bool run(const StripHead& head);
     /// Hears what the single bar of that meter is fed, which is fed no longer than this lives.
     void listenTo(MeterPort& meter);
     /// A meter reading in tenths of a dB; readings above 1 are none.

@@ -64,16 +64,24 @@ void StripHead::setChannelName(const QString& name)
 
 void StripHead::showName(const QString& name)
 {
-    QString text = name.isEmpty() ? mChannelName : name.left(kMaximumName);
-    if (mChinese && text == mChannelName && !mChineseName.isEmpty()) {
-        text = mChineseName;
-    }
+    const QString text = inLanguage(name.isEmpty() ? mChannelName : name.left(kMaximumName), mChinese);
     if (text == mShownName && text == mLineEdit->text()) {
         return; // most loads bring the name that is there; setting it would lay the text out anew
     }
     mLineEdit->setText(text);
     mLineEdit->setCursorPosition(0);
     mShownName = mLineEdit->text();
+}
+
+/// The channel has a name in each language, one of the user's own is the same in all.
+QString StripHead::inLanguage(const QString& name, bool chinese) const
+{
+    return chinese && name == mChannelName && !mChineseName.isEmpty() ? mChineseName : name;
+}
+
+QString StripHead::nameIn(bool chinese) const
+{
+    return inLanguage(name(), chinese);
 }
 
 QString StripHead::name() const
@@ -92,6 +100,11 @@ void StripHead::setChinese(bool chinese)
     const QString kept = name();
     mChinese = chinese;
     showName(kept);
+}
+
+void StripHead::setFieldName(const QString& objectName)
+{
+    mLineEdit->setObjectName(objectName);
 }
 
 void StripHead::setNameEditable(bool editable)
@@ -233,7 +246,7 @@ void StripHead::on_lineEdit_editingFinished()
     }
     mFinishing = true;
     if (mLineEdit->text().isEmpty()) {
-        mLineEdit->setText(mChannelName);
+        showName({});
     }
     mLineEdit->clearFocus();
     mShownName = mLineEdit->text();

@@ -35,10 +35,13 @@ public:
     void setChinese(bool chinese);
     /// Shows a name, shortened until it fits. An empty one shows the channel's.
     void showName(const QString& name);
-    /// The name to keep, and what stands in the field for it.
+    /// The name to keep, what it is called in a language, and what stands in the field for it.
     QString name() const;
+    QString nameIn(bool chinese) const;
     QString shownName() const;
     void setNameEditable(bool editable);
+    /// What the field is called as an object; "lineEdit" without this.
+    void setFieldName(const QString& objectName);
     /// Where the name stands on a strip that lies; without this it takes a row at the top.
     void setNamePlace(const Place& place) { mNamePlace = place; }
     /// The pointer brings the close button out. Off also hides it.
@@ -65,6 +68,7 @@ private slots:
     void in_mTimer_timeout();
 
 private:
+    QString inLanguage(const QString& name, bool chinese) const;
     void filterHover(bool entered);
     void hideClose();
     void restyle(int radius, int rowRadius);

@@ -103,15 +103,16 @@ void EffectBase::follow(const QString& type)
 void EffectBase::showMode()
 {
     const std::size_t current = mode();
+    const bool known = current < mShape.modes.size(); // a mode of another console lights nothing and darkens nothing
     for (const quillon::PanelPort& panel : mPanels) {
-        for (std::size_t i = 0; i < mShape.modes.size(); ++i) {
+        for (std::size_t i = 0; known && i < mShape.modes.size(); ++i) {
             panel.set(nameOf(i), i == current, false);
         }
     }
     for (QWidget* dial : mDials) {
         dial->setEnabled(mType != bypass());
     }
-    mShowLevel(level(current), current < mShape.modes.size() ? mShape.modes[current].initial : 0);
+    mShowLevel(level(current), known ? mShape.modes[current].initial : 0);
 }
 
 void EffectBase::levelChanged(int level)

@@ -29,6 +29,7 @@ constexpr quillon::StripText kLevel{"Level", "降噪量"};
 
 EffectS1M3::EffectS1M3(const QString& objectName, QWidget* parent) : EffectBase(kShape, objectName, parent)
 {
+    body().head().setFieldName(u"lineEditNoiseReduction"_s);
     addModes(kTypePanel, "ncWidget", {7.0F, 13.0F, 86.0F, 0.0F}, kTypeNames);
     addCaption("labelNoiseClass", {10.0F, 34.0F, 80.0F, 6.0F}, kLevel);
     auto* dial = addDial(new DialS1M5(this), "dialNoiseReduction", {14.0F, 42.0F, 72.0F, 30.0F}, kLevel);

@@ -45,6 +45,7 @@ constexpr Caption kCaptions[]{
 
 EffectS1M4::EffectS1M4(const QString& objectName, QWidget* parent) : EffectBase(kShape, objectName, parent)
 {
+    body().head().setFieldName(u"lineEditReverb"_s);
     addModes(kTypePanel, "rbWidget", {4.0F, 11.0F, 92.0F, 0.0F}, kTypeNames);
     auto* mix = addDial(new DialS1M1(this), "dialDryWet", {30.0F, 33.0F, 40.0F, 27.0F}, kMix);
     mix->setRange(0, 100);

@@ -49,7 +49,7 @@ void InputBase::showWindow(const QString& attribute, const QString& state)
 
 void InputBase::runAutoGain()
 {
-    if (mAutoGain->run(mBody.head().name())) {
+    if (mAutoGain->run(mBody.head())) {
         mSwitches.set(u"AUTO"_s, false, false);
     }
 }

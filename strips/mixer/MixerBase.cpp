@@ -93,6 +93,10 @@ void MixerBase::addUnlinkFaders()
     mBody.adopt(gainedMeterPort(meter), "widgetUnlinkMeter", mShape.unlinkMeter);
     mUnlinkFeeds = {[meter](int level, int gain) { meter->setVolumeMeterLeft(level, gain); },
                     [meter](int level, int gain) { meter->setVolumeMeterRight(level, gain); }};
+    mDecays.emplace_back([meter] {
+        meter->startDecayLeft();
+        meter->startDecayRight();
+    });
     mForms[0] += meter;
     addFader(Right, "widgetUnlinkVSliderRight", {"Right gain", "右增益"}, &MixerBase::in_widgetUnlinkVSliderRight_valueChanged);
 }
@@ -114,6 +118,7 @@ template<class Meter> void MixerBase::addLinkedMeter(std::size_t channel, Meter*
     setRatios(meter, mShape.linkedWidths, mShape.heights);
     mBody.adopt(gainedMeterPort(meter), objectName, mShape.linkedMeters[channel], kLevels[channel]);
     mLinkedFeeds[channel] = [meter](int level, int gain) { meter->setVolumeMeter(level, gain); };
+    mDecays.emplace_back([meter] { meter->startDecay(); });
     mForms[1] += meter;
 }
 
@@ -321,12 +326,17 @@ void MixerBase::showForm()
     if (!isLinkable()) {
         return;
     }
+    if (std::exchange(mMeteredLinked, mShownLinked) !=
+        mShownLinked) { // the meters of a form stand where they were when it was shown last
+        for (const auto& startDecay : mDecays) {
+            startDecay();
+        }
+    }
     mLink->setChecked(mShownLinked);
     for (std::size_t i = 0; i < mBalances.size(); ++i) {
         const Balance& balance = mBalances[i];
         balance.setDefault(mShownLinked ? kStraight[i] : kCentre);
         balance.dial.set(storedBalance(balance.rows[mShownLinked], mEngine.prefix()));
-        feedMeter(i, mLevels[i]);
     }
 }
 
@@ -370,7 +380,6 @@ void MixerBase::in_widgetBase_soloStateChanged(const QString& objectName, bool s
 
 void MixerBase::feedMeter(std::size_t channel, int tenthsOfDb)
 {
-    mLevels[channel] = tenthsOfDb;
     const Side side = sideOf(channel, mShownLinked);
     const int gain = isOn(side, u"MUTE"_s) ? quillon::kMixFloorDb : mSides[side].fader->value();
     (mShownLinked ? mLinkedFeeds : mUnlinkFeeds)[channel](tenthsOfDb, gain);

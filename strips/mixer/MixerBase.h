@@ -184,12 +184,13 @@ private:
     std::array<Balance, 2> mBalances;
     std::array<Feed, 2> mLinkedFeeds;
     std::array<Feed, 2> mUnlinkFeeds;
-    std::array<int, 2> mLevels{-900, -900};
-    QList<QWidget*> mForms[2]; // widgets of the unlinked and of the linked form
+    std::vector<std::function<void()>> mDecays; // of all meters
+    QList<QWidget*> mForms[2];                  // widgets of the unlinked and of the linked form
     quillon::LinkButton* mLink = nullptr;
     RowId mLinkRow = -1;
     bool mHasAnti = false;
     bool mShownLinked = true;
+    bool mMeteredLinked = true;
     bool mLinkDefault = true;
 };
 

@@ -136,7 +136,7 @@ void OriginBase::panelChanged(const QString& button, const QString& state)
 
 void OriginBase::runAutoGain()
 {
-    if (mAutoGain->run(body().head().name())) {
+    if (mAutoGain->run(body().head())) {
         panelOf(u"AUTO"_s)->set(u"AUTO"_s, false, false);
     }
 }

@@ -108,6 +108,9 @@ template<class Gain> Gain* OriginBase::addGain(Gain* gain, const char* childName
         mWholeGain = true;
         mSetGainRange = [gain](const quillon::GainScale& scale) { gain->setRange(scale.minimum, scale.maximum); };
     }
+    if constexpr (requires { gain->setArcVisible(false); }) {
+        gain->setArcVisible(false);
+    }
     connect(gain, &Gain::valueChanged, this, [this](auto value) { gainChanged(static_cast<float>(value)); });
     body().adopt(mGain, childName, place, {"Gain", "增益"});
     return gain;

@@ -6,6 +6,7 @@
 #include "strips/PanelRows.h"
 #include "strips/SectionFrame.h"
 
+#include <cmath>
 #include <span>
 
 using namespace Qt::StringLiterals;
@@ -68,7 +69,7 @@ OriginS1M4::OriginS1M4(const QString& objectName, QWidget* parent)
                                    .form = ValueForm::Decimal,
                                    .initial = [] { return static_cast<float>(kMixDefault); },
                                    .read = [dial] { return dial->value(); },
-                                   .show = [dial](const StripValue& value) { dial->setValue(std::get<float>(value)); },
+                                   .show = [dial](const StripValue& value) { dial->setValue(std::round(std::get<float>(value))); },
                                    .sends = {u"DryWet"_s}});
     connect(dial, &DialS1M1::valueChanged, this, [this, mix] { engine().changed(mix); });
     declareChoice(mNoise, kNoisePanel);
@@ -100,7 +101,7 @@ void OriginS1M4::raise(const QString& attribute, const QString& value)
     const bool isEcho = attribute.startsWith("Save_"_L1);
     const QString name = isEcho ? attribute.sliced(5) : attribute;
     if (name == "NCType"_L1) {
-        emit attributeChanged(u"Effect_NC"_s, attribute, isEcho ? value : toDevice(value));
+        emit attributeChanged(u"Effect_NC"_s, attribute, value);
         if (!isEcho) {
             // The name under which the device takes it.
             emit attributeChanged(u"Effect_NC"_s, u"NoiseReductionType"_s, toDevice(value));

@@ -9,6 +9,7 @@
 
 #include <QColor>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -269,9 +270,14 @@ void RouteStrip::muteMoved(Side side, const QString& button)
 void RouteStrip::in_widgetToolButton_actionChanged(const QString& source)
 {
     engine().changed(mSourceRow, source);
-    if (!mKind.decaysWithSource) {
-        return;
+    if (mKind.decaysWithSource) {
+        startDecay();
     }
+}
+
+/// What the meters showed was another signal's.
+void RouteStrip::startDecay()
+{
     mMeterLeft->startDecay();
     mMeterRight->startDecay();
     if (mMeterPair) {
@@ -288,9 +294,12 @@ void RouteStrip::on_pushButtonLink_clicked()
 
 void RouteStrip::showForm(bool linked)
 {
-    mLinked = linked;
+    const bool changes = std::exchange(mLinked, linked) != linked;
     if (!mLink) {
         return;
+    }
+    if (changes) {
+        startDecay();
     }
     mLink->setChecked(linked);
     mMeterLeft->setVisible(linked);

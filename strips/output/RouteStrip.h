@@ -97,6 +97,7 @@ private:
     void fillMenu();
     void faderMoved(Side side);
     void muteMoved(Side side, const QString& button);
+    void startDecay();
     void showForm(bool linked);
     bool isShown(Side side) const { return (side == Linked) == mLinked; }
     Part& part(Side side) { return mParts[side]; }

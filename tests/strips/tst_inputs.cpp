@@ -233,6 +233,28 @@ private slots:
         QVERIFY(one.strip->getMute() && one.strip->getSolo());
     }
 
+    void namesInBothLanguages()
+    {
+        QWidget strip;
+        strip.setMinimumSize(200, 100);
+        quillon::StripHead head(&strip);
+        head.setChannelName(u"IN1"_s);
+        head.setChineseName(u"输入1"_s);
+        for (const bool chinese : {false, true}) {
+            head.setChinese(chinese);
+            const QString own = chinese ? u"输入1"_s : u"IN1"_s;
+            QCOMPARE(head.shownName(), own);
+            QCOMPARE(head.nameIn(true) + head.nameIn(false) + head.name(), u"输入1IN1IN1"_s);
+            auto* field = strip.findChild<QLineEdit*>();
+            field->clear();
+            emit field->editingFinished();
+            QCOMPARE(head.shownName(), own);
+            head.showName(u"Singer"_s);
+            QCOMPARE(head.nameIn(true) + head.nameIn(false), u"SingerSinger"_s);
+            head.showName({});
+        }
+    }
+
     void autoGain()
     {
         for (const auto& [result, gain] : {std::pair{int(AutoGainS1M1::Cancelled), u"30"_s}, {-209, u"15"_s}, {-2000, u"88"_s}}) {

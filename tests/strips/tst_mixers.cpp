@@ -1,5 +1,7 @@
 #include "MixerBench.h"
 
+#include "controls/meter/MeterView.h"
+
 #include <QLineEdit>
 #include <QRegularExpression>
 
@@ -65,6 +67,13 @@ private slots:
         Page page(u"S1M4"_s);
         page.child<QPushButton>(0, u"pushButtonLink"_s)->click();
         QVERIFY(page.child(0, u"widgetUnlinkMeter"_s)->isVisible() && page.child(0, u"widgetLinkedVSlider"_s)->isHidden());
+        auto& meter = dynamic_cast<quillon::MeterFace*>(page.child(0, u"widgetUnlinkMeter"_s))->valueControl();
+        page.list[0]->setVolumeMeterLeft(1);
+        QVERIFY(meter.accessibleText().contains(u"clip"_s));
+        page.select(u"MixB"_s); // of the other form: what stands on the meters is old
+        QTRY_COMPARE(meter.accessibleValue(), -90.0);
+        page.select(u"MixA"_s);
+        QCOMPARE(meter.accessibleValue(), -90.0);
         page.select(u"MixB"_s);
         QVERIFY(page.child<QPushButton>(0, u"pushButtonLink"_s)->isChecked());
         QTest::keyClick(page.child(0, u"widgetDialLeft"_s), Qt::Key_Up);

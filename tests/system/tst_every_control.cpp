@@ -31,7 +31,7 @@ struct Rule {
 // Unkept: each value that changes, once, and no workspace keeps it.
 const Rule kRules[]{
     // What the device never hears of.
-    {"ML", "(Effect_.*|Ducking/.*)lineEdit", Hidden, "a title, and not to be edited"},
+    {"ML", "(Effect_.*|Ducking/.*)lineEdit(NoiseReduction|Reverb)?", Hidden, "a title, and not to be edited"},
     {"MLEP", ".*lineEdit", Silent, "a name is the workspace's"},
     {"LP", "Input_.*pushButtonClose", Hidden, "never shown: inputs stay"},
     {"LP", "FieldInput/.*pushButton_.*", Hidden, "never shown: inputs stay"},
