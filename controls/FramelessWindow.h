@@ -10,15 +10,15 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-/// The buttons of a title bar: flags, combinable as a mask.
-enum WindowButtonType { Min = 1, Close = 2 };
-
 /// Base of all secondary windows: a dialog that draws its own frame, title bar and shadow, and that is moved and resized
 /// by the mouse. Escape acts as the close button. GUI thread.
 class FramelessWindow : public QDialog
 {
     Q_OBJECT
 public:
+    /// The buttons of a title bar: flags, combinable as a mask.
+    enum WindowButtonType { Min = 1, Close = 2 };
+
     explicit FramelessWindow(QWidget* parent = nullptr);
     ~FramelessWindow() override;
 

@@ -86,7 +86,11 @@ void MenuS1M1::addItem(const Record& item, const QList<Record>& subItems)
     button->setText(item.text);
     button->setAccessibleName(item.text);
     button->setCheckable(item.flag);
-    delete button->findChild<QMenu*>();
+    if (auto* former = button->findChild<QMenu*>()) { // this may be called by what was chosen from it
+        former->hide();
+        former->setParent(nullptr);
+        former->deleteLater();
+    }
     makeMenu(item, subItems)->setParent(button, Qt::Popup);
     relayout();
 }

@@ -32,9 +32,12 @@ qsizetype nearestIndex(const QList<float>& list, float value, float tolerance)
 
 QString truncatedText(float value, int decimals)
 {
-    constexpr int kSpare = 6; // far enough behind the cut that its own rounding does not reach it
-    const QString text = QString::number(double(value), 'f', decimals + kSpare);
-    return text.first(text.size() - kSpare - (decimals == 0 ? 1 : 0));
+    // Of the digits that a float is sure of: it has no 4.6, and what it has instead would be cut to 4.5.
+    constexpr int kSureDigits = 6;
+    const int whole = std::abs(value) < 10 ? 1 : int(std::log10(std::abs(value))) + 1;
+    const int written = std::max(kSureDigits - whole, decimals + 2);
+    const QString text = QString::number(double(value), 'f', written);
+    return text.first(text.size() - (written - decimals) - (decimals == 0 ? 1 : 0));
 }
 
 QString withInfinities(const QString& shown, float min, float max, const ValueText& text)
@@ -122,8 +125,13 @@ void PlainDialLaw::beginDrag()
 bool PlainDialLaw::drag(double upPixels)
 {
     const double way = int(upPixels / mPixelsPerStep) * double(mDragStep);
-    if (isList())
-        return moveToIndex(way + mDragStartIndex);
+    if (isList()) {
+        const double index = way + mDragStartIndex;
+        if (std::trunc(index) != mDragStartIndex)
+            return moveToIndex(index);
+        mIndex = mDragStartIndex; // with the value that it stood for, which may be none of the list's
+        return store(mDragStart);
+    }
     return store(std::min(std::max(float(mDragStart + way), mMin), mMax));
 }
 

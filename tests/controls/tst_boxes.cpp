@@ -236,6 +236,17 @@ private slots:
         QTest::keyClick(openMenu(), Qt::Key_Return);
         QCOMPARE(events.takeFirst(), QVariantList({u"box"_s, u"user"_s, u"e"_s}));
 
+        const auto renew = connect(&menu, &MenuS1M1::attributeChanged, &menu, [&menu] {
+            menu.addItem({u"User 1"_s, u"user"_s, true}, {{u"Load"_s, u"l"_s, true}, {u"Save"_s, u"s"_s, false}});
+        });
+        QTest::keyClick(user, Qt::Key_Return);
+        QTRY_VERIFY(openMenu());
+        QTest::keyClick(openMenu(), Qt::Key_Down);
+        QTest::keyClick(openMenu(), Qt::Key_Return);
+        disconnect(renew);
+        QVERIFY(!openMenu() && user->findChild<QMenu*>()->actions().size() == 2);
+        events.clear();
+
         for (const int alignment : {0, 1}) {
             menu.setAlignment(alignment);
             QTest::mouseClick(user, Qt::LeftButton);

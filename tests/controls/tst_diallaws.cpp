@@ -79,9 +79,31 @@ private slots:
             law.setValue(value);
             QCOMPARE(law.text(), text);
         }
+        law.format = {.signShown = true};
+        law.setPrecision(1);
+        for (int tenths = 1; tenths < 300; ++tenths) { // what is typed or dragged to is what is read
+            for (const float value : {QString::number(tenths / 10.0).toFloat(), float(-30 + (tenths + 300) * double(0.1F))}) {
+                law.setValue(value);
+                QCOMPARE(law.text(), QString::number(tenths / 10.0, 'f', 1).prepend(u'+'));
+            }
+        }
         PlainDialLaw rounding({.clamps = false, .rounds = true});
         rounding.setValue(24.6F);
         QCOMPARE(rounding.text(), u"25"_s);
+    }
+
+    void dragsFromOffTheList()
+    {
+        PlainDialLaw law;
+        law.setMode(1);
+        law.setValueList({10, 20, 40, 80});
+        law.setValue(33);
+        law.beginDrag();
+        QVERIFY(!law.drag(1));
+        QCOMPARE(law.value(), 33.0F);
+        QVERIFY(law.drag(500));
+        QCOMPARE(law.value(), 80.0F);
+        QVERIFY(law.drag(0) && law.value() == 33.0F); // back where it was grasped
     }
 
     void nearestInList()

@@ -62,7 +62,7 @@ private slots:
             QStringList heard;
             connect(&window, &QDialog::finished, this, [&](int result) { heard << QString::number(result); });
             connect(&window, &FramelessWindow::buttonClicked, this,
-                    [&](WindowButtonType button) { heard << u"button %1"_s.arg(int(button)); });
+                    [&](FramelessWindow::WindowButtonType button) { heard << u"button %1"_s.arg(int(button)); });
             window.show();
             if (way == 0) {
                 QTest::mouseClick(window.closeButton(), Qt::LeftButton);
@@ -76,7 +76,7 @@ private slots:
             QCOMPARE(window.result(), 7);
         }
         Window window;
-        window.setButtons(Min);
+        window.setButtons(FramelessWindow::Min);
         window.show();
         QTest::keyClick(&window, Qt::Key_Escape); // needs a close button
         QVERIFY(window.isVisible());
