@@ -119,15 +119,7 @@ void EqualizerPanelS1M1::join()
     });
     connect(mController, &EqualizerControllerS1M1::itemDataChanged, this,
             [this](const QString&, const EqWidgetItemData& record) { applyBands({record}); });
-    connect(mController, &EqualizerControllerS1M1::attributeChanged, this, &EqualizerPanelS1M1::passOn);
-}
-
-/// An imported set may have more bands than the device knows here.
-void EqualizerPanelS1M1::passOn(const QString& band, const QString& attribute, const QString& value)
-{
-    if (band.section(u'@', -1).toInt() <= mCount) {
-        emit attributeChanged(band, attribute, value);
-    }
+    connect(mController, &EqualizerControllerS1M1::attributeChanged, this, &EqualizerPanelS1M1::attributeChanged);
 }
 
 void EqualizerPanelS1M1::setObjectName(const QString& name)

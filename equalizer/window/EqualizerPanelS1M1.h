@@ -38,7 +38,7 @@ public:
     /// On: compensated, off: raw.
     void setFilteredType(bool on) { setState(quillon::CurveView::FilteredType, on); }
 
-    /// How many bands there are; see EqualizerControllerS1M1::setItemCount. No other band is ever spoken of.
+    /// How many bands there are; see EqualizerControllerS1M1::setItemCount. An imported set may have more.
     void setItemCount(qint32 count);
     /// A field of a band, from 1. The curves follow with refreshBands().
     void setItemAttribute(const QString& number, const QString& attribute, const QString& value);
@@ -73,7 +73,6 @@ private:
     void showView(quillon::CurveView view);
     void showForm(quillon::CurveView view);
     void showSum();
-    void passOn(const QString& band, const QString& attribute, const QString& value);
     QString importCurve(quillon::CurveView view, const QString& path);
     void run(quillon::CurveMenu::Item item);
     void tellImport(quillon::CurveView view, const QString& attribute);
