@@ -327,10 +327,11 @@ Shown snapshot(const QWidget& window)
             names[widget] = {letterOf(widget) + u' ' + stripOf(widget) + u' ', partOf(widget)};
         }
         const auto& [strip, part] = names[widget];
+        const QString state = stateOf(widget);
         auto* meter = dynamic_cast<MeterFace*>(widget);
         if (!meter) {
             if (!part.startsWith(u"qt_"_s)) { // the scroll areas' own lay themselves out later
-                shown[strip + part] += stateOf(widget) + u';';
+                shown[strip + part] += state + u';';
             }
             continue;
         }

@@ -67,7 +67,9 @@ private slots:
         Page page(u"S1M4"_s);
         page.child<QPushButton>(0, u"pushButtonLink"_s)->click();
         QVERIFY(page.child(0, u"widgetUnlinkMeter"_s)->isVisible() && page.child(0, u"widgetLinkedVSlider"_s)->isHidden());
-        auto& meter = dynamic_cast<quillon::MeterFace*>(page.child(0, u"widgetUnlinkMeter"_s))->valueControl();
+        auto* face = dynamic_cast<quillon::MeterFace*>(page.child(0, u"widgetUnlinkMeter"_s));
+        QVERIFY(face);
+        const quillon::ValueControl& meter = face->valueControl();
         page.list[0]->setVolumeMeterLeft(1);
         QVERIFY(meter.accessibleText().contains(u"clip"_s));
         page.select(u"MixB"_s); // of the other form: what stands on the meters is old
