@@ -124,6 +124,12 @@ bool isDamaged(const QString& path)
     return content.contains('\0') || isForeignFormat(content);
 }
 
+bool hasHeader(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.readAll().contains("[ConfigFileHeader]");
+}
+
 QString keepAside(const QString& path)
 {
     const QFileInfo file(path);

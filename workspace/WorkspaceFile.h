@@ -20,6 +20,9 @@ QDateTime creationDate(const QString& path);
 /// Whether a file is no workspace that could be read back: not INI, a NUL byte in it, or more than 8 MB.
 bool isDamaged(const QString& path);
 
+/// Whether a file that is not damaged has our header group. Looked at in the file itself, whatever a store of it knows.
+bool hasHeader(const QString& path);
+
 /// Keeps a file under a free name "<complete base name>.damaged-<n>" beside it. Returns that name, empty on failure.
 QString keepAside(const QString& path);
 

@@ -20,6 +20,8 @@ public:
     /// The widget reads itself and tells the device all of it.
     virtual void loadSettings() = 0;
 
+    /// Whether there is an open workspace that this is in the audience of.
+    bool hasStore() const { return store() != nullptr; }
     /// Whether the group has the key: the marker of a group is a key by the group's own name.
     bool hasValue(const QString& key) const;
     const QString& workspaceGroup() const { return mGroup; }

@@ -57,6 +57,7 @@ bool WorkspaceSettings::settle(const QString& path)
 WorkspaceSettings::WorkspaceSettings(const QString& path) : QSettings(path, QSettings::IniFormat)
 {
     stores().insert(fileName(), this);
+    noteFile();
 }
 
 WorkspaceSettings::~WorkspaceSettings()
@@ -102,20 +103,67 @@ bool WorkspaceSettings::writeNow()
 {
     mTimer.stop();
     mFirstChange.invalidate();
-    if (!mChanged || hasRoomBeside(fileName())) {
+    if ((!mChanged || hasRoomBeside(fileName())) && saveFromOthers()) {
         sync();
         if (isWritten()) {
+            noteFile();
             mChanged = false;
-            mFailed = false;
+            setFailed(false);
             return true;
         }
     }
     if (!mFailed) {
-        mFailed = true;
+        setFailed(true);
         qWarning("WorkspaceSubject::flush //failed to write file");
     }
     mTimer.start(RetryMs, this);
     return false;
+}
+
+void WorkspaceSettings::noteFile()
+{
+    const QFileInfo file(fileName());
+    mWrittenAt = file.lastModified();
+    mWrittenSize = file.size();
+}
+
+/// The base class reads a file that has changed again, and forgets all values that it does not wait to write. From a file that is
+/// gone or is no workspace it would keep next to nothing. A workspace that another program has edited is taken as it is.
+bool WorkspaceSettings::saveFromOthers()
+{
+    const QFileInfo file(fileName());
+    const bool unchanged = file.exists() && file.lastModified() == mWrittenAt && file.size() == mWrittenSize;
+    const bool hasNews = mChanged || mEdited; // without any, a file that was deleted stays so
+    if (mLife == Life::Dropped || !hasNews || !mWrittenAt.isValid() || unchanged) {
+        return true;
+    }
+    const bool damaged = file.exists() && (isDamaged(fileName()) || !hasHeader(fileName()));
+    if (file.exists() && !damaged) {
+        return true;
+    }
+    QHash<QString, QVariant> values;
+    const QStringList keys = allKeys();
+    for (const QString& key : keys) {
+        values.insert(key, value(key));
+    }
+    if (damaged) {
+        const QString aside = keepAside(fileName());
+        if (aside.isEmpty() || !QFile::remove(fileName())) {
+            return false;
+        }
+        qWarning("WorkspaceSubject::flush //foreign file was copied to %ls", qUtf16Printable(aside));
+    }
+    for (auto entry = values.cbegin(); entry != values.cend(); ++entry) {
+        setValue(entry.key(), entry.value());
+    }
+    return true;
+}
+
+void WorkspaceSettings::setFailed(bool failed)
+{
+    if (std::exchange(mFailed, failed) != failed) {
+        emit failedChanged();
+    }
 }
 
 bool WorkspaceSettings::isWritten()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QSettings>
 #include <memory>
@@ -36,13 +37,18 @@ public:
     /// Whether there was a change since the last forgetEdits().
     bool isEdited() const { return mEdited; }
     void forgetEdits() { mEdited = false; }
-    /// Writes at once. False, and one warning until a write succeeds again, when the file could not be written; nothing is lost
+    /// Whether the last write failed: changes wait for the disk.
+    bool isFailed() const { return mFailed; }
+    /// Writes at once, everything when another program has removed the file or put something in its place that is no workspace;
+    /// that is kept aside. False, and one warning until a write succeeds again, when the file could not be written; nothing is lost
     /// from memory then, the old file is as it was, and the write is tried again every two seconds.
     bool writeNow();
 
 signals:
     /// isEdited() has become true.
     void edited();
+    /// isFailed() says something else now.
+    void failedChanged();
 
 protected:
     bool event(QEvent* event) override;
@@ -57,10 +63,15 @@ private:
 
     explicit WorkspaceSettings(const QString& path);
     bool isWritten();
+    void noteFile();
+    bool saveFromOthers();
+    void setFailed(bool failed);
     void writeSoon();
     std::unique_ptr<WorkspaceSettings> leave();
 
     QBasicTimer mTimer;
+    QDateTime mWrittenAt; // of the file after the last reading or writing, as its size
+    qint64 mWrittenSize = 0;
     QElapsedTimer mFirstChange;
     QElapsedTimer mLastChange;
     Life mLife = Life::Open;

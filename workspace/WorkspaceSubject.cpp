@@ -99,30 +99,30 @@ bool WorkspaceSubject::isOpenFile(const QString& path) const
     return mSettings != nullptr && isSameFile(path, mFilePath);
 }
 
-void WorkspaceSubject::createWorkspace(const QString& name)
+bool WorkspaceSubject::createWorkspace(const QString& name)
 {
-    if (hasInfo("createWorkspace") && isNamed(name, "createWorkspace")) {
-        createFile(mPlace.filePath(name), mPlace.deviceName());
-    }
+    return hasInfo("createWorkspace") && isNamed(name, "createWorkspace") && createFile(mPlace.filePath(name), mPlace.deviceName());
 }
 
-void WorkspaceSubject::createFile(const QString& path, const QString& deviceName)
+bool WorkspaceSubject::createFile(const QString& path, const QString& deviceName)
 {
     if (path.isEmpty()) {
         warn("createFile", "file is empty");
-        return;
+        return false;
     }
     // In place of the open file: pending values go with the old content, and the store reads the new one.
     const bool underStore = isOpenFile(path) && mMode != TempMode;
     if (underStore) {
         flush();
     }
-    if (!quillon::writeEmptyWorkspace(path, deviceName)) {
+    const bool written = quillon::writeEmptyWorkspace(path, deviceName);
+    if (!written) {
         warn("createFile", "failed to create file");
     }
     if (underStore) {
         flush();
     }
+    return written;
 }
 
 void WorkspaceSubject::removeWorkspace(const QString& name)
@@ -147,26 +147,30 @@ void WorkspaceSubject::removeFile(const QString& path)
     }
 }
 
-void WorkspaceSubject::workspaceSaveAs(const QString& name)
+bool WorkspaceSubject::workspaceSaveAs(const QString& name)
 {
-    if (hasInfo("workspaceSaveAs") && isNamed(name, "workspaceSaveAs")) {
-        fileSaveAs(mPlace.filePath(name));
-    }
+    return hasInfo("workspaceSaveAs") && isNamed(name, "workspaceSaveAs") && fileSaveAs(mPlace.filePath(name));
 }
 
-void WorkspaceSubject::fileSaveAs(const QString& path)
+bool WorkspaceSubject::fileSaveAs(const QString& path)
 {
     if (mSettings == nullptr) {
-        return;
+        return false;
     }
     const bool current = flush();
     if (path.isEmpty()) {
         warn("fileSaveAs", "file is empty");
-    } else if (isOpenFile(path)) {
-        saveFile();
-    } else if (!current || !quillon::writeCopiedWorkspace(mWorkPath, path)) {
-        warn("fileSaveAs", "failed to copy file to target folder");
+        return false;
     }
+    if (isOpenFile(path)) {
+        saveFile();
+        return true;
+    }
+    if (!current || !quillon::writeCopiedWorkspace(mWorkPath, path)) {
+        warn("fileSaveAs", "failed to copy file to target folder");
+        return false;
+    }
+    return true;
 }
 
 void WorkspaceSubject::modifyWorkspace(const QString& name, int mode)
@@ -253,12 +257,13 @@ void WorkspaceSubject::open(const QString& workPath)
     std::call_once(once, [] { qAddPostRoutine([] { WorkspaceSubject::instance().close(); }); });
     mSettings = WorkspaceSettings::open(workPath);
     connect(store(), &WorkspaceSettings::edited, this, &WorkspaceSubject::unsavedChanged, Qt::UniqueConnection);
+    connect(store(), &WorkspaceSettings::failedChanged, this, &WorkspaceSubject::unsavedChanged, Qt::UniqueConnection);
     countAsSaved();
 }
 
 bool WorkspaceSubject::hasUnsavedChanges() const
 {
-    return mMode == TempMode && mSettings != nullptr && store()->isEdited();
+    return mSettings != nullptr && (store()->isFailed() || (mMode == TempMode && store()->isEdited()));
 }
 
 void WorkspaceSubject::countAsSaved()
@@ -352,7 +357,7 @@ void WorkspaceSubject::saveFile()
     const bool current = flush();
     if (mMode == TempMode && (!current || !quillon::replaceFile(mWorkPath, mFilePath))) {
         warn("saveFile", "failed to copy file from temp folder");
-    } else {
+    } else if (current) {
         countAsSaved();
     }
 }

@@ -35,12 +35,14 @@ public:
     /// that fails, one in the system's folder for temporary files takes its place.
     void setWorkspaceInfo(const QString& deviceName, const QString& folder, const QString& prefix);
 
-    void createWorkspace(const QString& name);
-    void createFile(const QString& path, const QString& deviceName);
+    /// False when it failed.
+    bool createWorkspace(const QString& name);
+    bool createFile(const QString& path, const QString& deviceName);
     void removeWorkspace(const QString& name);
     void removeFile(const QString& path);
-    void workspaceSaveAs(const QString& name);
-    void fileSaveAs(const QString& path);
+    /// False when there is no copy: what is open has its changes still.
+    bool workspaceSaveAs(const QString& name);
+    bool fileSaveAs(const QString& path);
     /// Makes a workspace current, remembers its name and loads every observer between two "LoadSettings" events.
     void modifyWorkspace(const QString& name, int mode);
     void modifyFile(const QString& path, int mode);
@@ -59,8 +61,8 @@ public:
     bool isOpen() const { return mSettings != nullptr; }
     /// The write mode of the open workspace.
     int mode() const { return mMode; }
-    /// Whether the private copy of mode 1 has changes that saveWorkspace() would bring into the file. What a workspace is given
-    /// while it is loaded is none.
+    /// Whether the private copy of mode 1 has changes that saveWorkspace() would bring into the file, or changes of either mode
+    /// could not be written. What a workspace is given while it is loaded is none.
     bool hasUnsavedChanges() const;
     /// The file of the open workspace, also while a private copy is written to; empty while none is open.
     QString filePath() const { return isOpen() ? mFilePath : QString(); }

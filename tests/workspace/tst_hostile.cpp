@@ -2,6 +2,7 @@
 #include "workspace/WorkspaceChoice.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <csignal>
@@ -181,6 +182,7 @@ private slots:
                 mStore->strip.saveValue("GAIN", 4);
                 QTest::qWait(400);
                 subject().saveWorkspace(); // no second warning
+                QVERIFY(subject().hasUnsavedChanges());
                 QCOMPARE(subject().workspaceNames().size(), 2);
                 subject().modifyWorkspace(u"other"_s, 0);
                 QCOMPARE(mStore->strip.gain, 7);
@@ -262,6 +264,38 @@ private slots:
         }
         QCOMPARE(StoreFixture::content(mStore->path(u"old"_s)), before);
         QCOMPARE(mStore->files(), QStringList({u"R47_Live_old.ini"_s, u"R47_Live_w.ini"_s}));
+    }
+
+    // What another program does to the file of the open workspace loses none of its values.
+    void othersAtTheOpenFile()
+    {
+        for (const int mode : {0, 1}) {
+            mStore->make(u"w"_s, "2024-01-01 00:00:00", 1);
+            subject().modifyWorkspace(u"w"_s, mode);
+            const QString path = mode == 0 ? mStore->path(u"w"_s) : mStore->temp(u"w"_s);
+            int gain = 10;
+            for (const QByteArray& foreign : {QByteArray(), QByteArray("20;1\n"), QByteArray("[Elsewhere]\nx=1\n")}) {
+                QVERIFY(QFile::remove(path));
+                if (!foreign.isEmpty()) {
+                    StoreFixture::put(path, foreign);
+                    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"flush //foreign file was copied to .*damaged"_s));
+                }
+                mStore->strip.saveValue("GAIN", ++gain);
+                subject().saveWorkspace();
+                QCOMPARE(mStore->stored(u"w"_s), gain);
+                const QByteArray content = StoreFixture::content(mStore->path(u"w"_s));
+                QVERIFY(content.contains("nnn") && content.contains("DeviceName=R47"));
+            }
+            QTest::qWait(20); // files are told apart by their time
+            StoreFixture::put(
+                path, QByteArray(StoreFixture::content(path)).replace("GAIN=13", "GAIN=14")); // an editor that knows what it does
+            mStore->strip.saveValue("Other", 1);
+            subject().saveWorkspace();
+            QCOMPARE(mStore->stored(u"w"_s), 14);
+            const QDir folder(QFileInfo(path).path());
+            QCOMPARE(StoreFixture::content(folder.filePath(folder.entryList({u"*.damaged-1"_s}).value(0))), "20;1\n");
+            subject().close();
+        }
     }
 
     void survivesAReadOnlyFolder()
