@@ -74,9 +74,12 @@ QStringList ComboBoxS1M1::names() const
     return mList->names();
 }
 
-void ComboBoxS1M1::tell(const QString& attribute, const QString& name)
+/// False when nobody could do it.
+bool ComboBoxS1M1::tell(const QString& attribute, const QString& name)
 {
+    mRefusedEvent = false;
     emit attributeChanged(objectName(), attribute, name);
+    return !std::exchange(mRefusedEvent, false);
 }
 
 void ComboBoxS1M1::setItems(const QStringList& names, const QString& current)
@@ -85,9 +88,8 @@ void ComboBoxS1M1::setItems(const QStringList& names, const QString& current)
     mCurrent.clear();
     mList->setNames(names);
     if (names.isEmpty()) {
-        const QString name = quillon::uniqueName(QString(), {});
-        tell(u"NewItem"_s, name);
-        mList->addName(name);
+        makeAndPick(u"NewItem"_s, quillon::uniqueName(QString(), {}));
+        return;
     }
     pick(names.contains(current) ? current : itemText(0));
 }
@@ -98,6 +100,20 @@ void ComboBoxS1M1::showName(const QString& name)
         mCurrent = name;
         setCurrentIndex(row);
     }
+}
+
+void ComboBoxS1M1::forgetName(const QString& name)
+{
+    mList->removeName(name);
+    if (name == mCurrent) {
+        showNone();
+    }
+}
+
+void ComboBoxS1M1::showNone()
+{
+    mCurrent.clear();
+    setCurrentIndex(-1);
 }
 
 void ComboBoxS1M1::pick(const QString& name)
@@ -217,11 +233,9 @@ void ComboBoxS1M1::finishEdit()
 
 void ComboBoxS1M1::makeAndPick(const QString& how, const QString& name)
 {
-    tell(how, name);
-    mList->addName(name);
-    pick(name);
-    if (mCurrent != name) { // it could not be opened, so it was not made
-        mList->removeName(name);
+    if (tell(how, name)) {
+        mList->addName(name);
+        pick(name);
     }
 }
 
@@ -265,10 +279,12 @@ void ComboBoxS1M1::overrideName(const QString& name)
 {
     closeEdit();
     if (mEditKind == New) {
+        const QString open = mCurrent;
         showName(name); // this event loads it; another one would load it again
-        tell(u"RestoreDefault"_s, name);
-    } else {
-        tell(u"ItemSaveAs"_s, name);
+        if (!tell(u"RestoreDefault"_s, name)) {
+            showName(open);
+        }
+    } else if (tell(u"ItemSaveAs"_s, name)) {
         pick(name);
     }
 }

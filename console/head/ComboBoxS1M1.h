@@ -23,6 +23,12 @@ public:
     void setItems(const QStringList& names, const QString& current);
     /// Shows a name of the list without an event; others are ignored.
     void showName(const QString& name);
+    /// To be called inside an event that could not be done: what is open stays selected, and a new name is not added.
+    void refuseEvent() { mRefusedEvent = true; }
+    /// Takes a name off the list, without an event; nothing is shown as open when it was the one.
+    void forgetName(const QString& name);
+    /// Shows that none of the names is open.
+    void showNone();
     const QString& currentName() const { return mCurrent; }
     QStringList names() const;
     /// Opens the field for the name of a copy, as the command in the list does.
@@ -55,7 +61,7 @@ protected:
 private:
     enum EditKind { New = 0, Copy = 1 };
 
-    void tell(const QString& attribute, const QString& name);
+    bool tell(const QString& attribute, const QString& name);
     void choose(int index);
     void pick(const QString& name);
     void fitLetters();
@@ -80,5 +86,6 @@ private:
     EditKind mEditKind = New;
     bool mEditOpen = false;
     bool mAsking = false;
+    bool mRefusedEvent = false;
     bool mRefused = false;
 };

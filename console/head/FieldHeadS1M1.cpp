@@ -4,6 +4,8 @@
 #include "workspace/WorkspaceChoice.h"
 #include "workspace/WorkspaceSubject.h"
 
+#include <QSettings>
+
 using namespace Qt::StringLiterals;
 
 FieldHeadS1M1::FieldHeadS1M1(const QString& objectName, QWidget* parent) : FieldHeadBase1(objectName, parent)
@@ -29,6 +31,7 @@ void FieldHeadS1M1::setWorkspaces(const QStringList& names, const QString& curre
     // A page that could not open its own must not go on in the workspace of the page before: their groups have the same names.
     if (mOpen.isEmpty()) {
         subject.close();
+        selector()->showNone();
     }
 }
 
@@ -39,6 +42,14 @@ void FieldHeadS1M1::onAppSettingsChanged(QString, QString attribute, QString val
     }
 }
 
+bool FieldHeadS1M1::refuseUnless(bool done)
+{
+    if (!done) {
+        selector()->refuseEvent();
+    }
+    return done;
+}
+
 /// What cannot be opened is not shown as open: the changes would go elsewhere.
 void FieldHeadS1M1::open(const QString& name)
 {
@@ -47,8 +58,18 @@ void FieldHeadS1M1::open(const QString& name)
     if (subject.isCurrent(name)) {
         mOpen = name;
         emit workspaceOpened(name);
-    } else {
+        return;
+    }
+    if (!subject.workspaceNames().contains(name)) {
+        selector()->forgetName(name);
+    }
+    if (!subject.isOpen()) { // so that each of them can be chosen again
+        mOpen.clear();
+        selector()->showNone();
+        emit workspaceOpened({});
+    } else if (!mOpen.isEmpty()) {
         selector()->showName(mOpen);
+        QSettings().setValue(subject.rememberKey(), mOpen); // the next start opens what is open now
     }
 }
 
@@ -69,12 +90,16 @@ void FieldHeadS1M1::in_item_attributeChanged(const QString& objectName, const QS
     } else if (attribute == "RemoveItem"_L1) {
         subject.removeWorkspace(value);
     } else if (attribute == "NewItem"_L1) {
-        subject.createWorkspace(value);
+        refuseUnless(subject.createWorkspace(value));
     } else if (attribute == "ItemSaveAs"_L1) {
-        subject.workspaceSaveAs(value);
+        refuseUnless(subject.workspaceSaveAs(value));
     } else if (attribute == "RestoreDefault"_L1) {
         // Another one than the open one is made anew: what is open keeps its content.
-        subject.isCurrent(value) ? subject.clearWorkspace() : subject.createWorkspace(value);
+        if (subject.isCurrent(value)) {
+            subject.clearWorkspace();
+        } else if (!refuseUnless(subject.createWorkspace(value))) {
+            return;
+        }
         open(value);
     }
 }

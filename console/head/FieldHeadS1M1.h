@@ -26,6 +26,7 @@ protected:
     void in_item_attributeChanged(const QString& objectName, const QString& attribute, const QString& value) override;
 
 private:
+    bool refuseUnless(bool done);
     void open(const QString& name);
 
     QString mOpen; // the last one that could be opened

@@ -138,6 +138,7 @@ private slots:
     void flows_data();
     void flows();
     void diskTellsWhatIsUnsaved();
+    void aCopyThatFailsLosesNothing();
     void emptyEditTakesTheClock();
     void onlyWorkspaceGivesWayToANewOne();
     void namesAreCutByWidth();
@@ -198,17 +199,14 @@ void TestHead::flows_data()
         };
     };
     row("choose", [](Bench& b) { b.pick(0); }, u"ItemChanged=A"_s, u"A"_s, {1, 9, 3, -1});
-    row(
-        "new that cannot be made",
+    row("new that cannot be made",
         [=](Bench& b) {
             QVERIFY(QDir().mkpath(b.path(u"No"_s)));
             QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::createFile //failed to create file");
-            QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::modifyFile //file does not exist");
             newNamed(u"No"_s)(b);
             QVERIFY(!b.box().names().contains(u"No"_s));
-            QSettings().setValue(b.subject.rememberKey(), u"B"_s);
         },
-        u"NewItem=No ItemChanged=No"_s, u"B"_s, {1, 9, 3, -1}, true, 0);
+        u"NewItem=No"_s, u"B"_s, {1, 9, 3, -1});
     row("choose by mouse",
         [](Bench& b) {
             b.box().showPopup();
@@ -346,6 +344,38 @@ void TestHead::diskTellsWhatIsUnsaved()
     QVERIFY(isSaved());
 }
 
+/// What was to be rescued stays where it is.
+void TestHead::aCopyThatFailsLosesNothing()
+{
+    Bench b(false);
+    b.probe.set(9);
+    QVERIFY(QFile::remove(b.path(u"C"_s)) && QDir().mkpath(b.path(u"C"_s)));
+    b.probe.loads = 0;
+    for (const bool fresh : {false, true}) {
+        QTest::ignoreMessage(QtWarningMsg, fresh ? "WorkspaceSubject::createFile //failed to create file"
+                                                 : "WorkspaceSubject::fileSaveAs //failed to copy file to target folder");
+        b.command(fresh ? 2 : 1);
+        b.type(u"C"_s);
+        b.answer("PushButton1");
+        QCOMPARE(b.box().currentName() + b.box().currentText() + b.bar.workspace(), u"BBB"_s);
+        QVERIFY(b.subject.isCurrent(u"B"_s) && b.subject.hasUnsavedChanges());
+    }
+    QCOMPARE(b.probe.loads, 0);
+    QCOMPARE(b.told(), u"ItemSaveAs=C RestoreDefault=C"_s);
+    // Without room for a private copy none is open, and each can be chosen again.
+    const QByteArray temp = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(b.folder.filePath(u"tmp"_s)));
+    QVERIFY(QDir().mkpath(b.folder.filePath(u"tmp/R47_Live_A.ini"_s)));
+    QTest::ignoreMessage(QtWarningMsg, "WorkspaceSubject::modifyFile //failed to copy file to temp folder");
+    b.pick(0);
+    QCOMPARE(b.box().currentName() + b.bar.workspace(), QString());
+    QVERIFY(!b.subject.isOpen());
+    temp.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temp);
+    b.pick(1);
+    QVERIFY(b.subject.isCurrent(u"B"_s) && b.probe.value == 2);
+    QVERIFY(QDir().rmdir(b.path(u"C"_s)));
+}
+
 void TestHead::emptyEditTakesTheClock()
 {
     for (const bool left : {false, true}) {
@@ -436,6 +466,7 @@ void TestHead::vanishedFileLeavesTheSelection()
     bench.pick(2);
     QCOMPARE(bench.box().currentText(), u"B"_s);
     QVERIFY(bench.subject.isCurrent(u"B"_s));
+    QCOMPARE(bench.box().names(), QStringList({u"A"_s, u"B"_s}));
 }
 
 void TestHead::download_data()
