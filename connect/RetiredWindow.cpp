@@ -1,6 +1,7 @@
 #include "connect/RetiredWindow.h"
 
-#include <QApplication>
+#include "controls/Popups.h"
+
 #include <QDialog>
 #include <QThread>
 
@@ -20,9 +21,7 @@ bool inNestedLoop()
 
 void closeDialogs(QWidget* window)
 {
-    if (QWidget* popup = QApplication::activePopupWidget(); popup != nullptr && window->isAncestorOf(popup)) {
-        popup->close();
-    }
+    closePopups(*window);
     const QList<QDialog*> dialogs = window->findChildren<QDialog*>();
     for (QDialog* dialog : dialogs) {
         if (dialog->isVisible()) {

@@ -177,6 +177,9 @@ void ConsoleWindows::setPage(PageId page)
     if (std::ranges::find(kDuckingPages, page) == kDuckingPages.end()) {
         mDucking->hide(); // there is no workspace that would keep its values
     }
+    if (page != PageProf) {
+        mEqualizers[ConsoleLinks::Headphones]->hide(); // for the same reason
+    }
     mSettings->setPage(*pageRow(page));
 }
 

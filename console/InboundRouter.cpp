@@ -20,8 +20,7 @@ QStringView view(std::u16string_view text)
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
-/// What is not plugged in is marked where the strips of a page are those of sockets: not on the Easy page, and on the Pro page at
-/// the inputs alone.
+/// What is not plugged in is marked on the Mobile and the Live page, and at the inputs of the Pro page.
 bool marksPlug(PageId page, QStringView objectName)
 {
     return page != PageTyro && (page != PageProf || objectName.startsWith(u"Input_"));

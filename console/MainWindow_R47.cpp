@@ -11,6 +11,8 @@
 #include "console/head/FieldHeadS1M1.h"
 #include "console/head/FieldHeadS1M2.h"
 #include "console/pages/Pages.h"
+#include "controls/Popups.h"
+#include "processing/AutoGainS1M1.h"
 #include "workspace/WorkspaceSubject.h"
 
 #include <QAction>
@@ -192,6 +194,7 @@ void MainWindow_R47::setPage(int page)
     if (row == nullptr) {
         return;
     }
+    endDialogs();
     if (mSizeTimer.isActive()) {
         // The sizes that wait belong to the page that is being left.
         keepSizes();
@@ -223,6 +226,15 @@ void MainWindow_R47::setPage(int page)
     }
     openWorkspace(*row);
     applySize();
+}
+
+/// What is open over the page would go on for strips that are not shown any more.
+void MainWindow_R47::endDialogs()
+{
+    closePopups(*this);
+    for (AutoGainS1M1* dialog : findChildren<AutoGainS1M1*>()) {
+        dialog->cancel();
+    }
 }
 
 void MainWindow_R47::openWorkspace(const PageRow& row)

@@ -64,6 +64,7 @@ private:
     template<class Head> Head* addHead(quillon::PageId page);
     void showStreams(bool rates);
     void connectLinks();
+    void endDialogs();
     void openWorkspace(const quillon::PageRow& row);
     void applySize();
     void keepSizes();

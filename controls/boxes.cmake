@@ -10,6 +10,7 @@ target_sources(quillon_controls PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/MessageBoxS2M1.cpp
     ${CMAKE_CURRENT_LIST_DIR}/MessageBoxS3M1.cpp
     ${CMAKE_CURRENT_LIST_DIR}/MessageBoxWidget.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/Popups.cpp
     ${CMAKE_CURRENT_LIST_DIR}/ToolButtonS1M1.cpp
     ${CMAKE_CURRENT_LIST_DIR}/battery/BatteryDrawStrategy.cpp
     ${CMAKE_CURRENT_LIST_DIR}/picker/ComboCore.cpp

@@ -113,9 +113,15 @@ bool AutoGainS1M1::eventFilter(QObject* watched, QEvent* event)
 {
     // A minimised console reports a spontaneous hide; a measurement goes on behind it.
     const bool goes = event->type() == QEvent::Close || (event->type() == QEvent::Hide && !event->spontaneous());
-    if (mRunning && goes && watched == mWatched)
-        done(Cancelled);
+    if (goes && watched == mWatched)
+        cancel();
     return FramelessWindow::eventFilter(watched, event);
+}
+
+void AutoGainS1M1::cancel()
+{
+    if (mRunning)
+        done(Cancelled);
 }
 
 void AutoGainS1M1::done(int code)

@@ -47,6 +47,8 @@ public:
     void setFont(const QFont& font);
 
     void done(int code) override;
+    /// Ends a run as its Cancel button does; nothing when none goes on.
+    void cancel();
 
 signals:
     /// To the strip: only ever "Start", "1".

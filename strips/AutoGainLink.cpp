@@ -27,7 +27,11 @@ bool AutoGainLink::run(const StripHead& head)
     if (!self) {
         return false;
     }
-    mHost.dial.set(result == AutoGainS1M1::Cancelled ? mHost.storedGain() : autoGainFor(result));
+    const std::optional<float> stored = mHost.storedGain();
+    if (!stored) {
+        return true; // its next load tells the device what the workspace has
+    }
+    mHost.dial.set(result == AutoGainS1M1::Cancelled ? *stored : autoGainFor(result));
     mHost.gainChanged(mHost.dial.get());
     return true;
 }

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <optional>
 
 class AutoGainS1M1;
 
@@ -21,9 +22,9 @@ public:
     /// The strip's side of it.
     struct Host {
         ValuePort dial;
-        std::function<void(float)> gainChanged; // as if the user had turned the dial
-        std::function<void(float)> storeGain;   // into the workspace only
-        std::function<float()> storedGain;
+        std::function<void(float)> gainChanged;           // as if the user had turned the dial
+        std::function<void(float)> storeGain;             // into the workspace only
+        std::function<std::optional<float>()> storedGain; // nothing while the strip's page is not the one shown
     };
 
     AutoGainLink(QWidget* strip, Host host);

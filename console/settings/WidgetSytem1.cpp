@@ -1,5 +1,6 @@
 #include "console/settings/WidgetSytem1.h"
 
+#include "app/ScreenFit.h"
 #include "console/settings/SettingsRows.h"
 #include "workspace/WorkspaceSubject.h"
 
@@ -122,10 +123,12 @@ void WidgetSytem1::rowEdited(int row, const QString& value)
         settings.changeLanguage(value);
         return;
     }
-    if (row == Scale)
+    if (row == Scale) {
+        quillon::keepScaleFactor();
         settings.changeScaleFactor(value);
-    else
+    } else {
         storeSwitch(row, value == "1"_L1);
+    }
     if (row == AutoSave && !applyAutoSave(value == "1"_L1))
         return;
     if (row == AutoStart && mAutoStarter)

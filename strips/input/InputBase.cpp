@@ -51,10 +51,12 @@ void InputBase::declareInput()
     if (mSwitches) {
         m48VRow = mEngine.add(quillon::switchRow(mSwitches, u"48V"_s));
         mAutoGain = std::make_unique<quillon::AutoGainLink>(
-            this, quillon::AutoGainLink::Host{.dial = mDial,
-                                              .gainChanged = [this](float gainDb) { in_widgetDial_valueChanged(gainDb); },
-                                              .storeGain = [this](float gainDb) { mEngine.store(mGainRow, gainDb); },
-                                              .storedGain = [this] { return std::get<float>(mEngine.stored(mGainRow)); }});
+            this, quillon::AutoGainLink::Host{
+                      .dial = mDial,
+                      .gainChanged = [this](float gainDb) { in_widgetDial_valueChanged(gainDb); },
+                      .storeGain = [this](float gainDb) { mEngine.store(mGainRow, gainDb); },
+                      .storedGain =
+                          [this] { return hasStore() ? std::optional(std::get<float>(mEngine.stored(mGainRow))) : std::nullopt; }});
         mBody.onFont([this](const QFont& font) { mAutoGain->setFont(font); });
         mBody.onLanguage([this](const QString& language) { mAutoGain->setLanguage(language); });
         mAutoGain->listenTo(mMeter);

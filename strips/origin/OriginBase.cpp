@@ -35,7 +35,11 @@ void OriginBase::declareInput()
             this, quillon::AutoGainLink::Host{.dial = mGain,
                                               .gainChanged = [this](float gainDb) { gainChanged(gainDb); },
                                               .storeGain = [this](float gainDb) { engine().store(mGainRow, gainDb); },
-                                              .storedGain = [this] { return std::get<float>(engine().stored(mGainRow)); }});
+                                              .storedGain =
+                                                  [this] {
+                                                      return hasStore() ? std::optional(std::get<float>(engine().stored(mGainRow)))
+                                                                        : std::nullopt;
+                                                  }});
         body().onFont([this](const QFont& font) { mAutoGain->setFont(font); });
         body().onLanguage([this](const QString& language) { mAutoGain->setLanguage(language); });
         mAutoGain->listenTo(mMeter);

@@ -51,6 +51,9 @@ void OutputS1M4::in_widgetPushButtonGroup2_stateChanged(const QString& button, c
 
 void OutputS1M4::in_equalizer_attributeChanged(const QString&, const QString& attribute, const QString& value)
 {
+    if (!hasStore()) {
+        return; // said while another page is shown, whose workspace is open
+    }
     for (const View& view : mViews) {
         if (attribute == view.attribute) {
             engine().store(view.row, value.toInt());

@@ -277,6 +277,22 @@ private slots:
     }
 
     // The device vanishes while the dialog is open, and the console with it.
+    void pageLeftDuringAutoGain()
+    {
+        OneStrip one(u"S1M2"_s);
+        one.strip->setGAIN(30);
+        one.record.take();
+        QTimer::singleShot(0, this, [&] {
+            auto* dialog = one.strip->findChild<AutoGainS1M1*>();
+            emit dialog->attributeChanged(u"Start"_s, u"1"_s);
+            one.strip->setSettingsHolder(nullptr);
+            dialog->cancel();
+        });
+        one.click("AUTO");
+        QCOMPARE(one.record.take(), QStringList{u"GAIN=0"_s}); // its page sends the gain when it comes back
+        QVERIFY(!bench::button(*one.strip, "AUTO")->isChecked());
+    }
+
     void goneDuringAutoGain()
     {
         OneStrip one(u"S1M2"_s);

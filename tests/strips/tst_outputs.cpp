@@ -182,6 +182,23 @@ private slots:
         }
     }
 
+    // The form that goes keeps no level for the day on which it comes back.
+    void metersRunDownWithTheirForm()
+    {
+        for (const Member& member : kMembers) {
+            if (!member.pair) {
+                continue;
+            }
+            OneStrip one(member);
+            auto* meter = dynamic_cast<quillon::MeterFace*>(one.child(u"widgetLinkedMeterLeft"_s));
+            QVERIFY(meter);
+            one.strip->deviceSetter(u"MeterLeft")(-100);
+            const double level = meter->valueControl().accessibleValue();
+            one.strip->findChild<QPushButton*>(u"pushButtonLink"_s)->click();
+            QTRY_VERIFY(meter->valueControl().accessibleValue() < level);
+        }
+    }
+
     void menuFollowsTheLanguage()
     {
         OneStrip one(kMembers[0]);
