@@ -10,6 +10,7 @@ namespace
 {
 
 bool gLeaving = false;
+bool gLeft = false;
 
 } // namespace
 
@@ -20,8 +21,14 @@ bool Application::isLeaving()
 
 void Application::leave()
 {
+    gLeft = true;
     quit();
     exit(0);
+}
+
+int Application::run()
+{
+    return gLeft ? 0 : exec();
 }
 
 bool Application::event(QEvent* event)

@@ -17,6 +17,8 @@ public:
 
     /// Ends the program, also from an event loop that runs before the application's own, which knows no quit.
     static void leave();
+    /// The application's own event loop; not begun at all after leave().
+    static int run();
 
     bool event(QEvent* event) override;
 };

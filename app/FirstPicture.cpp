@@ -1,6 +1,7 @@
 #include "app/FirstPicture.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
@@ -59,12 +60,14 @@ private:
         QTimer::singleShot(0, this, [this] {
             const auto act = std::exchange(mActs.front(), {});
             mActs.pop_front();
-            if (mActs.empty()) {
+            const QPointer<ExposeWatch> self(this);
+            act(); // may ask for more, and may take the window away
+            if (self && mActs.empty()) {
+                setParent(nullptr); // nothing more is added to it
                 deleteLater();
-            } else {
+            } else if (self) {
                 actLater();
             }
-            act();
         });
     }
 

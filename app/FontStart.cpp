@@ -37,11 +37,10 @@ FontStart::FontStart()
 void FontStart::load()
 {
     const QStringList paths = applicationFontPaths();
-    if (QFile::exists(paths.first())) {
-        GlobalFont::instance().load(paths.first(1));
-    } else {
+    const bool isThere = QFile::exists(paths.first());
+    if (!isThere || !GlobalFont::instance().load(paths.first(1))) {
         admitSystemFonts();
-        GlobalFont::instance().load(paths);
+        GlobalFont::instance().load(paths.sliced(isThere ? 1 : 0)); // tells of a face that is missing once
         mComplete = true;
     }
 }

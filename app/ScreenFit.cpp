@@ -15,8 +15,7 @@ namespace
 // The console at factor 1, in pixels.
 constexpr float BaseWidth = 1100;
 constexpr float BaseHeight = 645;
-constexpr auto kChosenKey = "ScreenFit/Chosen";
-constexpr auto kLoweredKey = "ScreenFit/Lowered";
+constexpr auto kChosenKey = "ChosenScaleFactor";
 constexpr std::array<float, 7> steps{0.5F, 0.75F, 1.F, 1.25F, 1.5F, 1.75F, 2.F};
 
 bool fits(float factor, const QSize& available)
@@ -41,6 +40,13 @@ float screenFitFactor(float factor, const QSize& available)
     return result;
 }
 
+void keepScaleFactor()
+{
+    if (QSettings settings; settings.contains(kChosenKey)) {
+        settings.remove(kChosenKey);
+    }
+}
+
 bool applyScreenFit()
 {
     QSettings settings;
@@ -48,19 +54,19 @@ bool applyScreenFit()
     if (screen == nullptr) {
         return false;
     }
+    if (!settings.value("FollowSystemScale").toBool()) {
+        keepScaleFactor();
+        return false;
+    }
     const QString stored = settings.value("ScaleFactor").toString();
-    // What was lowered at an earlier start, and not chosen anew since.
-    const bool wasLowered = settings.contains(kChosenKey) && stored == settings.value(kLoweredKey).toString();
-    const QString chosen = wasLowered ? settings.value(kChosenKey).toString() : stored;
-    const float fitting = settings.value("FollowSystemScale").toBool() ? screenFitFactor(chosen.toFloat(), screen->availableSize())
-                                                                       : chosen.toFloat();
-    const QString factor = fitting < chosen.toFloat() ? QString::number(static_cast<double>(fitting)) : chosen;
-    if (factor == chosen) {
-        settings.remove(kChosenKey);
-        settings.remove(kLoweredKey);
-    } else {
+    const QString chosen = settings.value(kChosenKey, stored).toString();
+    const float fitting = screenFitFactor(chosen.toFloat(), screen->availableSize());
+    const bool tooLarge = fitting < chosen.toFloat();
+    const QString factor = tooLarge ? QString::number(static_cast<double>(fitting)) : chosen;
+    if (tooLarge) {
         settings.setValue(kChosenKey, chosen);
-        settings.setValue(kLoweredKey, factor);
+    } else {
+        keepScaleFactor();
     }
     if (factor == stored) {
         return false;

@@ -9,9 +9,12 @@ namespace quillon
 /// that fits, 50 % where none does. Never more than the factor.
 float screenFitFactor(float factor, const QSize& available);
 
-/// Lowers the stored "ScaleFactor" to what fits the primary screen, when "FollowSystemScale" is on. What was chosen comes back with
-/// a screen that has room for it, or when that setting is off, unless another factor was chosen since. True when the factor
-/// changed. Before the first window is made, after AppSettingsSubject::init(). GUI thread.
+/// Lowers the stored "ScaleFactor" to what fits the primary screen, when "FollowSystemScale" is on. What was lowered comes back
+/// with a screen that has room for it. True when the factor changed. Before the first window is made, after
+/// AppSettingsSubject::init(). GUI thread.
 bool applyScreenFit();
+
+/// The stored factor is the user's own from now on, and none comes back in its place. GUI thread.
+void keepScaleFactor();
 
 } // namespace quillon

@@ -15,6 +15,7 @@ namespace quillon
 namespace
 {
 
+constexpr int kSignals[]{SIGTERM, SIGINT, SIGHUP};
 int gPipe[2] = {-1, -1};
 
 // Only write() is safe here; the notifier does the rest on the GUI thread.
@@ -22,6 +23,14 @@ void onSignal(int)
 {
     const char byte = 1;
     [[maybe_unused]] const auto written = ::write(gPipe[1], &byte, 1);
+}
+
+/// As nohup asks for: it stays so.
+bool isIgnored(int signal)
+{
+    struct sigaction present {
+    };
+    return ::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
 }
 
 } // namespace
@@ -37,20 +46,19 @@ Termination::Termination()
     };
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        struct sigaction former {
-        };
-        ::sigaction(signal, &action, &former);
-        if (former.sa_handler == SIG_IGN) { // as nohup asks for
-            ::sigaction(signal, &former, nullptr);
+    for (const int signal : kSignals) {
+        if (!isIgnored(signal)) {
+            ::sigaction(signal, &action, nullptr);
         }
     }
 }
 
 Termination::~Termination()
 {
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        std::signal(signal, SIG_DFL);
+    for (const int signal : kSignals) {
+        if (!isIgnored(signal)) {
+            std::signal(signal, SIG_DFL);
+        }
     }
     mNotifier.reset();
     for (int& end : gPipe) {

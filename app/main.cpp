@@ -50,7 +50,7 @@ int main(int argc, char** argv)
         DeviceConnector connector(&updates);
         connector.showSeries(u"Vantor"_s, {{u"R47"_s, {u"0x152A"_s, u"0x875C"_s}}});
         fonts.completeAfter(connector);
-        result = QApplication::exec();
+        result = quillon::Application::run();
         // The console's device closes its channel only when the connector goes, after the library was left.
         USBHIDAPI::instance().exit();
     }

@@ -1,4 +1,5 @@
 #include "app/AppSettingsSubject.h"
+#include "app/Application.h"
 #include "app/ScreenFit.h"
 #include "app/WorkingFolder.h"
 
@@ -8,6 +9,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <cmath>
 
@@ -47,18 +49,30 @@ private slots:
             QVERIFY(quillon::screenFitFactor(9.F, screen) < 9.F);
             QVERIFY2(!quillon::applyScreenFit(), "lowered twice");
         }
+        const auto fit = [](const char* key, const QString& value) {
+            QSettings().setValue(key, value);
+            return quillon::applyScreenFit();
+        };
         const auto factor = [] { return QSettings().value("ScaleFactor").toString(); };
         QSettings().setValue("FollowSystemScale", true);
-        QVERIFY(quillon::applyScreenFit() && factor() != u"9"_s);
-        QSettings().setValue("FollowSystemScale", false); // as on a screen with room for it
-        QVERIFY(quillon::applyScreenFit());
-        QCOMPARE(factor(), u"9"_s);
-        QSettings().setValue("FollowSystemScale", true);
-        QVERIFY(quillon::applyScreenFit());
-        QSettings().setValue("ScaleFactor", u"0.4"_s); // the user's own
-        QSettings().setValue("FollowSystemScale", false);
-        QVERIFY(!quillon::applyScreenFit());
-        QCOMPARE(factor(), u"0.4"_s);
+        QVERIFY(fit("ScaleFactor", u"9"_s) && factor() != u"9"_s);
+        QVERIFY(fit("ChosenScaleFactor", u"0.6"_s)); // it has room now
+        QCOMPARE(factor(), u"0.6"_s);
+        for (const bool own : {true, false}) {
+            QSettings().setValue("ChosenScaleFactor", u"0.6"_s);
+            own ? quillon::keepScaleFactor() : QSettings().setValue("FollowSystemScale", false);
+            QVERIFY(!fit("ScaleFactor", u"0.4"_s)); // the user's own since
+            QCOMPARE(factor(), u"0.4"_s);
+        }
+    }
+
+    void leavesBeforeItsLoopRuns()
+    {
+        QEventLoop first;
+        QMetaObject::invokeMethod(&first, &quillon::Application::leave, Qt::QueuedConnection);
+        QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(1); });
+        first.exec();
+        QCOMPARE(quillon::Application::run(), 0);
     }
 
     void choosesTheWorkingFolder()
