@@ -1,6 +1,8 @@
 #include "controls/dial/DialLaw.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -32,12 +34,20 @@ qsizetype nearestIndex(const QList<float>& list, float value, float tolerance)
 
 QString truncatedText(float value, int decimals)
 {
-    // Of the digits that a float is sure of: it has no 4.6, and what it has instead would be cut to 4.5.
+    // Of the digits that a float is sure of: it has no 4.6, and what it has instead would be cut to 4.5. A number too large for
+    // that is cut from the shortest text that means it.
     constexpr int kSureDigits = 6;
     const int whole = std::abs(value) < 10 ? 1 : int(std::log10(std::abs(value))) + 1;
-    const int written = std::max(kSureDigits - whole, decimals + 2);
-    const QString text = QString::number(double(value), 'f', written);
-    return text.first(text.size() - (written - decimals) - (decimals == 0 ? 1 : 0));
+    QString text;
+    if (const int written = kSureDigits - whole; written > decimals + 1) {
+        text = QString::number(double(value), 'f', written);
+    } else {
+        std::array<char, 64> digits{}; // the largest float has 39, the smallest 45 behind the point
+        const auto end = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed).ptr;
+        text = QString::fromLatin1(digits.data(), end - digits.begin());
+        text += (text.contains(u'.') ? u""_s : u"."_s) + QString(decimals, u'0');
+    }
+    return text.first(text.indexOf(u'.') + (decimals == 0 ? 0 : decimals + 1));
 }
 
 QString withInfinities(const QString& shown, float min, float max, const ValueText& text)

@@ -103,10 +103,12 @@ void EffectBase::follow(const QString& type)
 void EffectBase::showMode()
 {
     const std::size_t current = mode();
-    const bool known = current < mShape.modes.size(); // a mode of another console lights nothing and darkens nothing
+    const bool known = current < mShape.modes.size(); // of a mode of another console it is only known that it is no bypass
     for (const quillon::PanelPort& panel : mPanels) {
-        for (std::size_t i = 0; known && i < mShape.modes.size(); ++i) {
-            panel.set(nameOf(i), i == current, false);
+        for (std::size_t i = 0; i < mShape.modes.size(); ++i) {
+            if (known || nameOf(i) == bypass()) {
+                panel.set(nameOf(i), i == current, false);
+            }
         }
     }
     for (QWidget* dial : mDials) {

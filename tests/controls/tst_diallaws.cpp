@@ -65,14 +65,18 @@ private slots:
     void plainTexts()
     {
         PlainDialLaw law;
-        law.setRange(-30, 30);
+        law.setRange(-30, 30000);
         law.format = {.signShown = true, .plusInfinity = true, .minusInfinity = true};
         for (const auto& [value, precision, text] : {std::tuple{24.99F, 1, u"+24.9"_s}, // cut, not rounded
                                                      {24.99F, 0, u"+24"_s},
+                                                     {20999.96F, 0, u"+20999"_s},
+                                                     {16384.2F, 1, u"+16384.2"_s},
+                                                     {128.01F, 3, u"+128.010"_s},
+                                                     {9000, 2, u"+9000.00"_s},
                                                      {0.0F, 0, u"0"_s},
                                                      {-29.5F, 0, u"-29"_s},
                                                      {-30.0F, 0, u"-∞"_s},
-                                                     {30.0F, 2, u"+∞"_s},
+                                                     {30000.0F, 2, u"+∞"_s},
                                                      {-1.25F, 2, u"-1.25"_s}}) {
             law.setPrecision(precision);
             law.setPrecision(5);

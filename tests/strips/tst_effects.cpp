@@ -172,7 +172,10 @@ private slots:
         one.strip.loadSettings();
         QCOMPARE(one.record.take(), QStringList({u"DryWet=0"_s, u"ReverbType=CAVE"_s, u"Room=0"_s, u"Decay=0"_s}));
         QCOMPARE(one.lit(), u"pushButtonReverbStudio"_s); // what was shown before
-        one.key("dialRoom", Qt::Key_Up);                  // no mode, no level to keep
+        one.strip.setReverbType(u"Bypass"_s);
+        one.strip.setReverbType(u"CAVE"_s);
+        QCOMPARE(one.lit(), QString());  // which is no bypass
+        one.key("dialRoom", Qt::Key_Up); // no mode, no level to keep
         QVERIFY(!one.workspace.file().allKeys().contains(u"Effect/"_s));
     }
 
@@ -214,7 +217,7 @@ private slots:
     void titles()
     {
         OneEffect<EffectS1M3> one;
-        QCOMPARE(one.strip.findChild<QLineEdit*>()->text(), u"Noise Reduction"_s);
+        QCOMPARE(one.strip.findChild<QLineEdit*>(u"lineEditNoiseReduction"_s)->text(), u"Noise Reduction"_s);
         one.strip.onAppSettingsChanged({}, u"Language"_s, u"Chinese"_s);
         QCOMPARE(one.strip.findChild<QLineEdit*>()->text(), u"降噪"_s);
         QCOMPARE(one.strip.findChild<QLabel*>(u"labelNoiseClass"_s)->text(), u"降噪量"_s);
