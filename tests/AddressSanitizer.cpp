@@ -1,8 +1,6 @@
 // A thread of Qt's is still on its way out when QThread::wait() has returned, and a leak check that meets it there takes what it
 // holds for lost. So the check comes when the process has one thread left, or when those that are left don't end.
 
-#ifdef __SANITIZE_ADDRESS__
-
 #include <chrono>
 #include <filesystem>
 #include <system_error>
@@ -35,5 +33,3 @@ bool isAlone()
 }
 
 } // namespace
-
-#endif
