@@ -7,6 +7,7 @@
 #include "strips/LinkButton.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using quillon::StripText;
@@ -326,8 +327,8 @@ void MixerBase::showForm()
     if (!isLinkable()) {
         return;
     }
-    if (std::exchange(mMeteredLinked, mShownLinked) !=
-        mShownLinked) { // the meters of a form stand where they were when it was shown last
+    if (std::exchange(mMeteredLinked, mShownLinked) != mShownLinked) {
+        // The meters of a form stand where they were when it was shown last.
         for (const auto& startDecay : mDecays) {
             startDecay();
         }

@@ -12,6 +12,8 @@
 #include "workspace/WorkspaceObserver.h"
 
 #include <array>
+#include <functional>
+#include <vector>
 
 class VSliderS1M1;
 
@@ -190,7 +192,7 @@ private:
     RowId mLinkRow = -1;
     bool mHasAnti = false;
     bool mShownLinked = true;
-    bool mMeteredLinked = true;
+    bool mMeteredLinked = true; // the form at the last showForm()
     bool mLinkDefault = true;
 };
 
